@@ -1,0 +1,26 @@
+#include "app/DialoguesQt.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace corvane::app {
+
+QString DialoguesQt::question(const QString& titre, const QString& message, const QStringList& boutons)
+{
+    QMessageBox boite(QMessageBox::Question, titre, message, QMessageBox::NoButton, m_parent);
+    QList<QAbstractButton*> crees;
+    for (const QString& libelle : boutons)
+        crees << boite.addButton(libelle, crees.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole);
+    boite.exec();
+    const int index = int(crees.indexOf(boite.clickedButton()));
+    return boutons.value(index < 0 ? boutons.size() - 1 : index);
+}
+
+void DialoguesQt::information(const QString& titre, const QString& message, const QString& bouton)
+{
+    QMessageBox boite(QMessageBox::Information, titre, message, QMessageBox::NoButton, m_parent);
+    boite.addButton(bouton, QMessageBox::AcceptRole);
+    boite.exec();
+}
+
+} // namespace corvane::app

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "store/Dialogues.h"
+
+class QWidget;
+
+namespace corvane::app {
+
+// The core's questions as message boxes over a window.
+class DialoguesQt : public Dialogues
+{
+public:
+    explicit DialoguesQt(QWidget* parent) : m_parent(parent) {}
+    QString question(const QString& titre, const QString& message, const QStringList& boutons) override;
+    void information(const QString& titre, const QString& message, const QString& bouton) override;
+
+private:
+    QWidget* m_parent;
+};
+
+} // namespace corvane::app

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QMainWindow>
+
+namespace corvane::app {
+
+// The main window. For now it opens the document it is given and shows its name.
+class FenetrePrincipale : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit FenetrePrincipale(QWidget* parent = nullptr);
+
+    // Opens a document through the version check, conversion and upgrade pass.
+    // An error is reported in a message box; the open document stays as it was.
+    bool ouvrirDocument(const QString& chemin);
+    QString documentOuvert() const { return m_document; }
+
+private:
+    void majTitre();
+
+    QString m_document;
+};
+
+} // namespace corvane::app

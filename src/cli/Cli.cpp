@@ -1,0 +1,71 @@
+#include "cli/Cli.h"
+
+#include "cli/Commandes.h"
+#include "store/Dates.h"
+#include "store/Horloge.h"
+
+namespace corvane::cli {
+
+Cli::Cli()
+{
+    m_commandes = toutesLesCommandes();
+}
+
+void Cli::afficherAide(QTextStream& flux) const
+{
+    flux << "usage : corvane-cli [--aujourdhui AAAA-MM-JJ] [--json] [--mot-de-passe M] COMMANDE [ARGUMENTS]\n\n"
+         << "Commandes :\n";
+    for (const auto& commande : m_commandes)
+        flux << "  " << commande->usage() << '\n';
+    flux.flush();
+}
+
+int Cli::executer(const QStringList& arguments, QTextStream& sortie, QTextStream& erreurs)
+{
+    Contexte contexte{sortie, erreurs, false, QString(), false};
+    QStringList reste;
+    // The global options are accepted before or after the command's name.
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString& argument = arguments.at(i);
+        if (argument == QStringLiteral("--json")) {
+            contexte.json = true;
+        } else if (argument == QStringLiteral("--aujourdhui") || argument == QStringLiteral("--mot-de-passe")) {
+            if (i + 1 >= arguments.size()) {
+                erreurs << "corvane-cli: l'option " << argument << " attend une valeur" << Qt::endl;
+                return MauvaisUsage;
+            }
+            const QString valeur = arguments.at(++i);
+            if (argument == QStringLiteral("--mot-de-passe")) {
+                contexte.motDePasse = valeur;
+                contexte.motDePasseDonne = true;
+                continue;
+            }
+            const QDate jour = Dates::depuisIso(valeur);
+            if (!jour.isValid()) {
+                erreurs << "corvane-cli: date invalide pour --aujourdhui : « " << valeur
+                        << " » (format attendu : AAAA-MM-JJ)" << Qt::endl;
+                return MauvaisUsage;
+            }
+            Horloge::fixer(jour);
+        } else if (argument == QStringLiteral("--aide") || argument == QStringLiteral("--help")) {
+            afficherAide(sortie);
+            return Succes;
+        } else {
+            reste << argument;
+        }
+    }
+    if (reste.isEmpty()) {
+        afficherAide(erreurs);
+        return MauvaisUsage;
+    }
+    const QString nom = reste.takeFirst();
+    for (const auto& commande : m_commandes) {
+        if (commande->nom() == nom)
+            return commande->executer(contexte, reste);
+    }
+    erreurs << "corvane-cli: commande inconnue : " << nom << Qt::endl;
+    afficherAide(erreurs);
+    return MauvaisUsage;
+}
+
+} // namespace corvane::cli

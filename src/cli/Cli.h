@@ -1,0 +1,19 @@
+#pragma once
+
+#include "cli/Commande.h"
+
+namespace corvane::cli {
+
+// corvane-cli [--aujourdhui AAAA-MM-JJ] [--json] [--mot-de-passe M] COMMANDE [ARGUMENTS]
+class Cli
+{
+public:
+    Cli();
+    int executer(const QStringList& arguments, QTextStream& sortie, QTextStream& erreurs);
+
+private:
+    void afficherAide(QTextStream& flux) const;
+    Commandes m_commandes;
+};
+
+} // namespace corvane::cli

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cli/Commande.h"
+
+namespace corvane::cli {
+
+// One factory per command; each lives in the command's own file.
+std::unique_ptr<Commande> commandeNouveau();
+std::unique_ptr<Commande> commandeInfo();
+std::unique_ptr<Commande> commandeOuvrir();
+
+// Every command, in the order the help lists them.
+Commandes toutesLesCommandes();
+
+} // namespace corvane::cli

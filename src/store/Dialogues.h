@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace corvane {
+
+// How the core asks the user something. The core never shows a window: the GUI
+// answers with message boxes, the command line and the tests with scripted answers.
+class Dialogues
+{
+public:
+    virtual ~Dialogues() = default;
+    // Asks a question; returns the label of the button chosen.
+    virtual QString question(const QString& titre, const QString& message, const QStringList& boutons) = 0;
+    // Tells something; the only answer is the button.
+    virtual void information(const QString& titre, const QString& message, const QString& bouton) = 0;
+};
+
+// Answers from a list given in advance, and keeps what was asked.
+// When the list runs out, the last button of each question is chosen.
+class DialoguesScriptes : public Dialogues
+{
+public:
+    struct Echange
+    {
+        QString titre;
+        QString message;
+        QStringList boutons;
+        QString reponse;
+    };
+
+    explicit DialoguesScriptes(QStringList reponses = {}) : m_reponses(std::move(reponses)) {}
+
+    QString question(const QString& titre, const QString& message, const QStringList& boutons) override
+    {
+        QString reponse = m_reponses.isEmpty() ? boutons.value(boutons.size() - 1) : m_reponses.takeFirst();
+        m_echanges.append({titre, message, boutons, reponse});
+        return reponse;
+    }
+
+    void information(const QString& titre, const QString& message, const QString& bouton) override
+    {
+        m_echanges.append({titre, message, {bouton}, bouton});
+    }
+
+    const QList<Echange>& echanges() const { return m_echanges; }
+    void repondre(const QStringList& reponses) { m_reponses = reponses; }
+
+private:
+    QStringList m_reponses;
+    QList<Echange> m_echanges;
+};
+
+} // namespace corvane
