@@ -30,6 +30,7 @@ function(corvane_add_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;ZONES" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} Qt6::Test)
+    target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE
         CORVANE_DONNEES_TEST="${CMAKE_SOURCE_DIR}/tests/data"
         CORVANE_CLI_EXE="$<TARGET_FILE:corvane-cli>")

@@ -1,0 +1,89 @@
+#pragma once
+
+// Helpers shared by the tests: documents made from fixtures, fingerprints and dumps.
+
+#include "store/BaseDeDonnees.h"
+#include "store/Fichiers.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QProcess>
+#include <QStringList>
+#include <QtTest>
+
+namespace corvane::test {
+
+inline QString donnee(const QString& nom)
+{
+    return QStringLiteral(CORVANE_DONNEES_TEST "/") + nom;
+}
+
+// Builds a database at `chemin` from an SQL script of tests/data.
+inline void documentDepuisScript(const QString& script, const QString& chemin)
+{
+    QFile f(donnee(script));
+    QVERIFY2(f.open(QIODevice::ReadOnly), qPrintable(script));
+    BaseDeDonnees base;
+    QVERIFY(base.creer(chemin));
+    QCOMPARE(base.exec(QString::fromUtf8(f.readAll())), 0);
+}
+
+inline NouveauDocument parametresParDefaut(const QString& chemin)
+{
+    NouveauDocument p;
+    p.nomDuFichier = chemin;
+    p.nom = QStringLiteral("Dupont");
+    p.prenom = QStringLiteral("Jeanne");
+    p.emploiId = 1;
+    p.civiliteId = 1;
+    p.taux = 57.4;
+    p.dateOuvertureDesDroits = QDate(2024, 3, 1);
+    return p;
+}
+
+inline QByteArray empreinte(const QString& chemin)
+{
+    QFile f(chemin);
+    if (chemin.isEmpty() || !f.open(QIODevice::ReadOnly))
+        return {};
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256).toHex();
+}
+
+// The schema and every row of every table, as text: two dumps are equal when the
+// documents hold the same thing.
+inline QString dump(const QString& chemin)
+{
+    BaseDeDonnees base;
+    if (!base.ouvrirEnLecture(chemin))
+        return QStringLiteral("<illisible>");
+    QStringList lignes = base.colonne(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY name;"));
+    for (const QString& table : base.tables()) {
+        Requete r(base, QStringLiteral("SELECT * FROM \"%1\" ORDER BY rowid;").arg(table));
+        while (r.suivante()) {
+            QStringList valeurs;
+            for (int i = 0; i < r.nombreColonnes(); ++i)
+                valeurs << (r.estNul(i) ? QStringLiteral("NULL") : r.texte(i));
+            lignes << table + QLatin1Char('|') + valeurs.join(QLatin1Char('|'));
+        }
+    }
+    return lignes.join(QLatin1Char('\n'));
+}
+
+struct ResultatCli
+{
+    int code = -1;
+    QByteArray sortie;
+    QString erreurs;
+};
+
+inline ResultatCli lancerCli(const QStringList& arguments)
+{
+    QProcess processus;
+    processus.start(QStringLiteral(CORVANE_CLI_EXE), arguments);
+    if (!processus.waitForFinished(30000))
+        return {};
+    return {processus.exitCode(), processus.readAllStandardOutput(),
+            QString::fromUtf8(processus.readAllStandardError())};
+}
+
+} // namespace corvane::test

@@ -1,0 +1,244 @@
+// A new document: its tables, columns and seed rows against an expectation written
+// by hand from the table descriptions (tests/data/schema_v4_*.tsv), then the rows
+// that depend on the assistant's answers.
+
+#include "commun/OutilsDocument.h"
+#include "store/Dates.h"
+#include "store/Fichiers.h"
+#include "store/Horloge.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::test;
+
+namespace {
+
+QStringList lignesTsv(const QString& nom)
+{
+    QFile f(donnee(nom));
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    QStringList lignes = QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'));
+    lignes.removeAll(QString());
+    return lignes;
+}
+
+QString texteOuNul(const Requete& r, int i)
+{
+    return r.estNul(i) ? QStringLiteral("NULL") : r.texte(i);
+}
+
+} // namespace
+
+class TestCreation : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+    QString m_chemin;
+
+    QString creer(const NouveauDocument& parametres)
+    {
+        Fichiers fichiers(parametres);
+        if (!fichiers.nouveauV4())
+            qWarning() << fichiers.erreur();
+        return parametres.nomDuFichier;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        Horloge::fixer(QDate(2024, 6, 15));
+        m_chemin = creer(parametresParDefaut(m_dossier.filePath("neuf.cv4")));
+        QVERIFY(QFileInfo::exists(m_chemin));
+    }
+
+    void colonnes()
+    {
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(m_chemin));
+        QStringList obtenu;
+        const QStringList tables =
+            base.colonne("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid;");
+        for (const QString& table : tables) {
+            Requete r(base, QStringLiteral("PRAGMA table_info(\"%1\");").arg(table));
+            while (r.suivante()) {
+                QStringList champs{table};
+                for (int i = 0; i < 6; ++i)
+                    champs << (r.estNul(i) ? QString() : r.texte(i));
+                obtenu << champs.join(QLatin1Char('\t'));
+            }
+        }
+        const QStringList attendu = lignesTsv("schema_v4_colonnes.tsv");
+        QVERIFY(!attendu.isEmpty());
+        for (int i = 0; i < qMin(obtenu.size(), attendu.size()); ++i)
+            QCOMPARE(obtenu[i], attendu[i]);
+        QCOMPARE(obtenu.size(), attendu.size());
+    }
+
+    void lignesDeReference()
+    {
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(m_chemin));
+        const QStringList attendu = lignesTsv("schema_v4_lignes.tsv");
+        QVERIFY(!attendu.isEmpty());
+        QStringList tables;
+        for (const QString& ligne : attendu)
+            if (!tables.contains(ligne.section(QLatin1Char('\t'), 0, 0)))
+                tables << ligne.section(QLatin1Char('\t'), 0, 0);
+        QStringList obtenu;
+        for (const QString& table : tables) {
+            Requete r(base, QStringLiteral("SELECT * FROM \"%1\" ORDER BY rowid;").arg(table));
+            while (r.suivante()) {
+                QStringList champs{table};
+                for (int i = 0; i < r.nombreColonnes(); ++i)
+                    champs << texteOuNul(r, i);
+                obtenu << champs.join(QLatin1Char('\t'));
+            }
+        }
+        for (int i = 0; i < qMin(obtenu.size(), attendu.size()); ++i)
+            QCOMPARE(obtenu[i], attendu[i]);
+        QCOMPARE(obtenu.size(), attendu.size());
+    }
+
+    void tablesSansLignes()
+    {
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(m_chemin));
+        for (const char* table : {"contrats", "contratsmodeles", "securitesociale", "contrats_frais", "frais",
+                                  "congeshistorique", "fiscalitehistorique", "assedichistorique",
+                                  "fichiersauvegardes", "propositionslibelles", "propositions", "factures",
+                                  "droitsvoisins", "structures", "employes", "evenements", "evenementspaiements"})
+            QCOMPARE(base.entier(QStringLiteral("SELECT COUNT(*) FROM %1;").arg(table)), 0);
+    }
+
+    void profil()
+    {
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(m_chemin));
+        Requete r(base, "SELECT * FROM utilisateur;");
+        QVERIFY(r.suivante());
+        const Ligne u = r.ligne();
+        QVERIFY(!r.suivante());
+        QCOMPARE(u.value("u_id").toInt(), 1);
+        QCOMPARE(u.value("u_nom").toString(), QStringLiteral("Dupont"));
+        QCOMPARE(u.value("u_prenom").toString(), QStringLiteral("Jeanne"));
+        QCOMPARE(u.value("u_naissance").toString(), QStringLiteral("2024-06-15 00:00:00.000"));
+        QCOMPARE(u.value("u_emploi_id").toInt(), 1);
+        QCOMPARE(u.value("u_date_debut_dossier").toString(), QStringLiteral("2024-03-01 00:00:00.000"));
+        QCOMPARE(u.value("u_civilite_id").toInt(), 1);
+        QCOMPARE(u.value("u_srj_valide").toDouble(), 0.0);
+        QCOMPARE(u.value("u_taux_valide").toDouble(), 57.4);
+        QCOMPARE(u.value("u_abattement").toInt(), 2);
+        QCOMPARE(u.value("u_periode_en_cours").toInt(), 1);
+        QCOMPARE(u.value("u_nbre_enfants").toInt(), 0);
+        QCOMPARE(u.value("u_autoentrepreneur_flag").toInt(), 0);
+        for (const char* texte : {"u_pseudonyme", "u_telephone", "u_nir", "u_adresse", "u_codepostal", "u_commune",
+                                  "u_identifiant_assedic", "u_photo", "u_rib_cle", "u_web"})
+            QCOMPARE(u.value(texte), QVariant(QString()));
+    }
+
+    void periodeEtDatesPreferees()
+    {
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(m_chemin));
+        QCOMPARE(base.colonne("SELECT p_id || '|' || p_date_debut || '|' || p_date_fin || '|' || p_libelle || '|' || "
+                              "p_notes || '|' || p_conges || '|' || p_franchise_salaires || '|' || p_attente FROM "
+                              "periodes;"),
+                 QStringList{"1|2024-03-01 00:00:00.000|2025-03-01 00:00:00.000|Période du 01/03/2024 au "
+                             "01/03/2025|Période initiale|0|0|7"});
+        // The compound SELECT returns its rows sorted, so ids follow the keys' order.
+        QCOMPARE(base.colonne("SELECT dpp_id || '|' || dpp_element || '|' || substr(dpp_date, 1, 10) FROM "
+                              "datesPeriodesPreferees ORDER BY dpp_id;"),
+                 (QStringList{"1|assedichistorique_debut|2024-01-01", "2|assedichistorique_fin|2024-12-31",
+                              "3|conges_debut|2023-04-01", "4|conges_fin|2024-03-31",
+                              "5|contrats_debut|2024-03-01", "6|contrats_fin|2025-03-01",
+                              "7|fiscalite_debut|2023-01-01", "8|fiscalite_fin|2023-12-31",
+                              "9|frais_debut|2024-01-01", "10|frais_fin|2024-12-31",
+                              "11|securite_sociale_debut|2024-03-01", "12|securite_sociale_fin|2025-03-01",
+                              "13|securite_sociale_verification|2024-03-01", "14|simulation_debut|2024-03-01",
+                              "15|simulation_fin|2025-03-01"}));
+    }
+
+    void finDePremierePeriode_data()
+    {
+        QTest::addColumn<int>("emploiId");
+        QTest::addColumn<QDate>("aujourdhui");
+        QTest::addColumn<QDate>("fin");
+        const QDate ouverture(2015, 3, 1);
+        QTest::newRow("artist, 2016 rules: 366 days") << 1 << QDate(2016, 8, 1) << ouverture.addDays(365);
+        QTest::newRow("artist, older rules: 319 days") << 1 << QDate(2016, 7, 31) << ouverture.addDays(318);
+        QTest::newRow("worker, 2016 rules") << 2 << QDate(2020, 1, 1) << ouverture.addDays(365);
+        QTest::newRow("technician, older rules: 304 days") << 3 << QDate(2015, 4, 1) << ouverture.addDays(303);
+        QTest::newRow("general scheme: today") << 4 << QDate(2020, 5, 5) << QDate(2020, 5, 5);
+        QTest::newRow("self-employed: today") << 5 << QDate(2020, 5, 5) << QDate(2020, 5, 5);
+    }
+
+    void finDePremierePeriode()
+    {
+        QFETCH(int, emploiId);
+        QFETCH(QDate, aujourdhui);
+        QFETCH(QDate, fin);
+        Horloge::fixer(aujourdhui);
+        NouveauDocument p = parametresParDefaut(m_dossier.filePath(QStringLiteral("fin-%1-%2.cv4")
+                                                                       .arg(emploiId)
+                                                                       .arg(aujourdhui.toString("yyyyMMdd"))));
+        p.emploiId = emploiId;
+        p.dateOuvertureDesDroits = QDate(2015, 3, 1);
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(creer(p)));
+        QCOMPARE(base.texte("SELECT p_date_fin FROM periodes WHERE p_id = 1;"), Dates::versSQLite(fin));
+        QCOMPARE(base.texte("SELECT dpp_date FROM datesPeriodesPreferees WHERE dpp_element = 'simulation_fin';"),
+                 Dates::versSQLite(fin));
+        Horloge::fixer(QDate(2024, 6, 15));
+    }
+
+    void reponsesDeLAssistant()
+    {
+        NouveauDocument p = parametresParDefaut(m_dossier.filePath("o'brien.cv4"));
+        p.nom = QStringLiteral("O'Brien");
+        p.prenom = QStringLiteral("Zoë « Zo »");
+        p.abattementState = 1;
+        p.isAutoEntrepreneur = true;
+        p.civiliteId = 3;
+        p.password = QStringLiteral("clé secrète");
+        p.isLocked = 1;
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(creer(p)));
+        QCOMPARE(base.colonne("SELECT u_nom || '|' || u_prenom || '|' || u_abattement || '|' || "
+                              "u_autoentrepreneur_flag || '|' || u_civilite_id FROM utilisateur;"),
+                 QStringList{"O'Brien|Zoë « Zo »|1|1|3"});
+        QCOMPARE(base.texte("SELECT f_locked || '|' || f_password FROM file;"),
+                 QStringLiteral("1|") + QString::fromLatin1(QStringLiteral("clé secrète").toUtf8().toBase64()));
+        Intermittent document(p.nomDuFichier);
+        QVERIFY(document.isFileLocked());
+        QCOMPARE(document.retrouveNomUtilisateur(), QStringLiteral("O'Brien"));
+    }
+
+    void refus_data()
+    {
+        QTest::addColumn<QString>("chemin");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("existing file") << "neuf.cv4" << "existe déjà";
+        QTest::newRow("missing folder") << "nulle-part/doc.cv4" << "n'existe pas";
+        QTest::newRow("no name") << "" << "Aucun nom";
+    }
+
+    void refus()
+    {
+        QFETCH(QString, chemin);
+        QFETCH(QString, message);
+        const QString complet = chemin.isEmpty() ? QString() : m_dossier.filePath(chemin);
+        const QByteArray avant = empreinte(complet);
+        Fichiers fichiers(parametresParDefaut(complet));
+        QVERIFY(!fichiers.nouveauV4());
+        QVERIFY2(fichiers.erreur().contains(message), qPrintable(fichiers.erreur()));
+        QCOMPARE(empreinte(complet), avant);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCreation)
+#include "test_creation.moc"

@@ -1,0 +1,335 @@
+// Recognising a file's generation, refusing what is not a sound document, and
+// converting the earlier product's files.
+
+#include "commun/OutilsDocument.h"
+#include "store/Fichiers.h"
+#include "store/Horloge.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::test;
+
+namespace {
+
+void ecrire(const QString& chemin, const QByteArray& octets)
+{
+    QFile f(chemin);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(octets);
+}
+
+QByteArray lire(const QString& chemin)
+{
+    QFile f(chemin);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+} // namespace
+
+class TestOuverture : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+
+    QString nouveauDocument(const QString& nom)
+    {
+        const QString chemin = m_dossier.filePath(nom);
+        Fichiers creation(parametresParDefaut(chemin));
+        if (!creation.nouveauV4())
+            qWarning() << creation.erreur();
+        return chemin;
+    }
+
+    // The kinds of bad input: each must be refused with a French message, and nothing written.
+    QString mauvaiseEntree(const QString& type)
+    {
+        const QString chemin = m_dossier.filePath(type);
+        if (type == "absent")
+            return chemin;
+        if (type == "dossier") {
+            QDir().mkpath(chemin);
+            return chemin;
+        }
+        if (type == "texte") {
+            ecrire(chemin, "Nom;Prénom\nDupont;Jeanne\n");
+            return chemin;
+        }
+        const QByteArray document = lire(nouveauDocument(type + ".source"));
+        if (type == "tronque") {
+            ecrire(chemin, document.left(document.size() / 2 + 100));
+        } else if (type == "endommage") {
+            QByteArray abime = document;
+            for (qsizetype i = 4096; i < abime.size(); i += 7)
+                abime[i] = char(0xA5);
+            ecrire(chemin, abime);
+        } else if (type == "entete-seule") {
+            ecrire(chemin, document.left(100));
+        }
+        return chemin;
+    }
+
+private slots:
+    void initTestCase() { Horloge::fixer(QDate(2024, 6, 15)); }
+
+    void generations_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("generation");
+        QTest::newRow("Orvia 1") << "generation1.sql" << "1";
+        QTest::newRow("Orvia 2") << "generation2.sql" << "2";
+        QTest::newRow("Orvia 2.5") << "generation25.sql" << "2.5";
+        QTest::newRow("generation 3") << "generation3.sql" << "3";
+    }
+
+    void generations()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, generation);
+        const QString chemin = m_dossier.filePath(script + ".db");
+        documentDepuisScript(script, chemin);
+        const QByteArray avant = empreinte(chemin);
+        Fichiers fichiers;
+        QCOMPARE(fichiers.checkVersion(chemin), generation);
+        QCOMPARE(fichiers.version(chemin), generation);
+        QCOMPARE(empreinte(chemin), avant);
+    }
+
+    void generationCourante()
+    {
+        Fichiers fichiers;
+        QCOMPARE(fichiers.checkVersion(nouveauDocument("g4.cv4")), QStringLiteral("4"));
+    }
+
+    void sansTable_data()
+    {
+        QTest::addColumn<bool>("fichierVide");
+        QTest::newRow("empty file") << true;
+        QTest::newRow("SQLite file without a table") << false;
+    }
+
+    void sansTable()
+    {
+        QFETCH(bool, fichierVide);
+        const QString chemin = m_dossier.filePath(fichierVide ? "vide.cv4" : "sans-table.cv4");
+        if (fichierVide) {
+            ecrire(chemin, {});
+        } else {
+            BaseDeDonnees base;
+            QVERIFY(base.creer(chemin));
+            base.exec("CREATE TABLE t (a); DROP TABLE t;");
+        }
+        const QByteArray avant = lire(chemin);
+        Fichiers fichiers;
+        QCOMPARE(fichiers.checkVersion(chemin), QStringLiteral("0"));
+        // Without the first test, an empty catalogue would pass for the oldest generation.
+        QCOMPARE(fichiers.version(chemin), QStringLiteral("1"));
+        DialoguesScriptes dialogues;
+        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), QString());
+        QVERIFY(fichiers.erreur().contains(QStringLiteral("aucune donnée")));
+        QVERIFY(dialogues.echanges().isEmpty());
+        QCOMPARE(lire(chemin), avant);
+    }
+
+    void mauvaisesEntrees_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("missing path") << "absent" << "introuvable";
+        QTest::newRow("directory") << "dossier" << "est un dossier";
+        QTest::newRow("text file") << "texte" << "n'est pas un fichier Corvane";
+        QTest::newRow("truncated database") << "tronque" << "endommagé";
+        QTest::newRow("damaged pages") << "endommage" << "endommagé";
+        QTest::newRow("header only") << "entete-seule" << "endommagé";
+    }
+
+    void mauvaisesEntrees()
+    {
+        QFETCH(QString, type);
+        QFETCH(QString, message);
+        const QString chemin = mauvaiseEntree(type);
+        const QByteArray avant = lire(chemin);
+        const QStringList contenuDossier = QDir(m_dossier.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+
+        Fichiers fichiers;
+        QCOMPARE(fichiers.checkVersion(chemin), QString());
+        QVERIFY2(fichiers.erreur().contains(message), qPrintable(fichiers.erreur()));
+        DialoguesScriptes dialogues;
+        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), QString());
+        QVERIFY2(fichiers.erreur().contains(message), qPrintable(fichiers.erreur()));
+
+        QCOMPARE(lire(chemin), avant);
+        QCOMPARE(QFileInfo::exists(chemin), type != "absent");
+        QCOMPARE(QDir(m_dossier.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), contenuDossier);
+    }
+
+    void lectureSeule()
+    {
+        const QString chemin = m_dossier.filePath("protege.or3");
+        documentDepuisScript("generation3.sql", chemin);
+        QFile::setPermissions(chemin, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+        const QByteArray avant = lire(chemin);
+        Fichiers fichiers;
+        DialoguesScriptes dialogues;
+        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), QString());
+        QVERIFY2(fichiers.erreur().contains(QStringLiteral("protégé en écriture")), qPrintable(fichiers.erreur()));
+        QCOMPARE(lire(chemin), avant);
+        QCOMPARE(fichiers.checkVersion(chemin), QStringLiteral("3"));
+    }
+
+    void conversion_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("generation");
+        QTest::addColumn<int>("employeurs");
+        QTest::addColumn<int>("contrats");
+        QTest::addColumn<int>("frais");
+        QTest::addColumn<int>("periodes");
+        // Employers include the catch-all one; periods include the current one.
+        QTest::newRow("Orvia 1") << "generation1.sql" << "1" << 3 << 3 << 2 << 2;
+        QTest::newRow("Orvia 2") << "generation2.sql" << "2" << 3 << 3 << 1 << 1;
+        QTest::newRow("Orvia 2.5") << "generation25.sql" << "2.5" << 2 << 1 << 2 << 2;
+    }
+
+    void conversion()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, generation);
+        QFETCH(int, employeurs);
+        QFETCH(int, contrats);
+        QFETCH(int, frais);
+        QFETCH(int, periodes);
+        const QString chemin = m_dossier.filePath(QStringLiteral("ancien-%1.orv").arg(generation));
+        documentDepuisScript(script, chemin);
+        const QByteArray avant = empreinte(chemin);
+
+        Fichiers fichiers;
+        DialoguesScriptes dialogues({"Convertir le fichier", "Ouvrir"});
+        const QString copie = m_dossier.filePath(QStringLiteral("V3_ancien-%1.or3").arg(generation));
+        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), copie);
+        QVERIFY2(fichiers.erreur().isEmpty(), qPrintable(fichiers.erreur()));
+        QCOMPARE(fichiers.generationInitiale(), generation);
+        QCOMPARE(fichiers.cheminConverti(), copie);
+        QCOMPARE(empreinte(chemin), avant);
+
+        QCOMPARE(dialogues.echanges().size(), 2);
+        QCOMPARE(dialogues.echanges()[0].titre, QStringLiteral("Ouverture de fichier"));
+        QCOMPARE(dialogues.echanges()[0].message,
+                 QStringLiteral("Ce fichier est issu de Orvia %1. Il peut être sauvegardé, puis converti dans le "
+                                "nouveau format.\n\nSouhaitez-vous le convertir ?")
+                     .arg(generation));
+        QCOMPARE(dialogues.echanges()[1].titre, QStringLiteral("Gestion des fichiers"));
+        QCOMPARE(dialogues.echanges()[1].message,
+                 QStringLiteral("Votre fichier original a été sauvegardé, puis converti au format Corvane 3.\n\n"
+                                "Souhaitez-vous ouvrir le nouveau fichier maintenant ?"));
+
+        QCOMPARE(fichiers.checkVersion(copie), QStringLiteral("4"));
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(copie));
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM employeurs;"), employeurs);
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats;"), contrats);
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM frais;"), frais);
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM periodes;"), periodes);
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM datesPeriodesPreferees;"), 15);
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM utilisateur;"), 1);
+        QCOMPARE(base.texte("SELECT p_notes FROM periodes JOIN utilisateur ON u_periode_en_cours = p_id;"),
+                 QStringLiteral("Période initiale"));
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats WHERE c_dates_travaillees = '';"), 0);
+    }
+
+    void conversionOrvia1Detaillee()
+    {
+        const QString copie = m_dossier.filePath("V3_ancien-1.or3");
+        QVERIFY(QFileInfo::exists(copie));
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(copie));
+        const Ligne profil = base.lignes("SELECT * FROM utilisateur;").value(0);
+        QCOMPARE(profil.value("u_nom").toString(), QStringLiteral("Lefèvre"));
+        QCOMPARE(profil.value("u_pseudonyme").toString(), QStringLiteral("Noé l'Ancien"));
+        QCOMPARE(profil.value("u_naissance").toString(), QStringLiteral("1976-05-02 00:00:00.000"));
+        QCOMPARE(profil.value("u_emploi_id").toInt(), 3);
+        QCOMPARE(profil.value("u_identifiant_assedic").toString(), QStringLiteral("7654321B"));
+
+        QCOMPARE(base.colonne("SELECT e_raison_sociale || '|' || e_interlocuteur FROM employeurs ORDER BY e_id;"),
+                 (QStringList{"Inconnu|Inconnu", "Festival d'Avignon|Régie", "Son & Lumière|"}));
+        // Contracts keep their employer by name; one whose employer is gone goes to the catch-all one.
+        QCOMPARE(base.colonne("SELECT e_raison_sociale || '|' || c_debut_contrat || '|' || c_salaire_brut || '|' || "
+                              "a_pourcentage || '|' || c_dates_travaillees FROM contrats JOIN employeurs ON "
+                              "c_employeur_id = e_id JOIN abattements ON c_abattement = a_id ORDER BY c_id;"),
+                 (QStringList{"Festival d'Avignon|2004-07-08 00:00:00.000|420.0|20|8/7/2004,9/7/2004,10/7/2004",
+                              "Son & Lumière|2004-07-30 00:00:00.000|300.0|0|30/8/2004,1/7/2004",
+                              "Inconnu|2004-09-02 00:00:00.000|150.0|20|2/9/2004"}));
+        // Amounts to the cent; an unknown category goes to 'Divers'.
+        QCOMPARE(base.colonne("SELECT ft_type || '|' || f_details || '|' || f_montant FROM frais JOIN fraistypes ON "
+                              "f_categorie = ft_id ORDER BY f_id;"),
+                 (QStringList{"Carburant|Plein|61.35", "Divers|Câbles|18.0"}));
+        QCOMPARE(base.texte("SELECT p_libelle FROM periodes WHERE p_id = 1;"),
+                 QStringLiteral("Période du 01/01/2003 au 31/12/2003"));
+    }
+
+    void conversionOrvia2Planifies()
+    {
+        const QString copie = m_dossier.filePath("V3_ancien-2.or3");
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(copie));
+        QCOMPARE(base.colonne("SELECT c_effectue || '|' || ct_type || '|' || c_fonction || '|' || c_note FROM contrats "
+                              "JOIN contratstypes ON c_type = ct_id ORDER BY c_id;"),
+                 (QStringList{"1|Prestations|Comédienne|Reprise", "1|Enseignements|Lectrice|",
+                              "0|Prestations||Fête de la musique"}));
+        const Ligne profil = base.lignes("SELECT * FROM utilisateur;").value(0);
+        QCOMPARE(profil.value("u_civilite_id").toInt(), 2);
+        QCOMPARE(profil.value("u_taux_valide").toDouble(), 41.26);
+        QCOMPARE(profil.value("u_abattement").toInt(), 3);
+        QCOMPARE(profil.value("u_date_debut_dossier").toString(), QStringLiteral("2006-02-01 00:00:00.000"));
+        QCOMPARE(profil.value("u_telephone_mobile").toString(), QStringLiteral("0600000001"));
+    }
+
+    void conversionRefusee()
+    {
+        const QString ancien = m_dossier.filePath("refus.orv");
+        documentDepuisScript("generation1.sql", ancien);
+        const QString courant = nouveauDocument("courant.cv4");
+
+        Fichiers fichiers;
+        DialoguesScriptes dialogues({"Ne rien faire"});
+        QCOMPARE(fichiers.ouvertureSQLite(ancien, courant, dialogues), courant);
+        QVERIFY(!QFileInfo::exists(m_dossier.filePath("V3_refus.or3")));
+
+        DialoguesScriptes sansDocument({"Ne rien faire"});
+        QCOMPARE(fichiers.ouvertureSQLite(ancien, QString(), sansDocument), QString());
+        QVERIFY(fichiers.erreur().isEmpty());
+    }
+
+    void convertiSansOuvrir()
+    {
+        const QString ancien = m_dossier.filePath("plus-tard.orv");
+        documentDepuisScript("generation25.sql", ancien);
+        const QString courant = nouveauDocument("courant2.cv4");
+        Fichiers fichiers;
+        DialoguesScriptes dialogues({"Convertir le fichier", "Ne pas ouvrir"});
+        QCOMPARE(fichiers.ouvertureSQLite(ancien, courant, dialogues), courant);
+        const QString copie = m_dossier.filePath("V3_plus-tard.or3");
+        QCOMPARE(fichiers.cheminConverti(), copie);
+        // Not opened yet, so not upgraded yet.
+        QCOMPARE(fichiers.checkVersion(copie), QStringLiteral("3"));
+    }
+
+    void copieDejaPresente()
+    {
+        const QString ancien = m_dossier.filePath("double.orv");
+        documentDepuisScript("generation2.sql", ancien);
+        const QString copie = m_dossier.filePath("V3_double.or3");
+        ecrire(copie, "ne pas écraser");
+        Fichiers fichiers;
+        DialoguesScriptes dialogues({"Convertir le fichier", "Ouvrir"});
+        QCOMPARE(fichiers.ouvertureSQLite(ancien, QString(), dialogues), QString());
+        QVERIFY(fichiers.erreur().contains(QStringLiteral("existe déjà")));
+        QCOMPARE(lire(copie), QByteArray("ne pas écraser"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestOuverture)
+#include "test_ouverture.moc"
