@@ -11,9 +11,9 @@ namespace corvane::bench {
 
 namespace {
 
-const char* const kEmployeurs[] = {"Théâtre de l'Odéon", "Opéra de Lyon",     "Radio France", "Festival d'Avignon",
-                                   "Le Splendid",        "Compagnie du Ruisseau", "TF1 Production", "La Cigale",
-                                   "Zénith de Nantes",   "Comédie-Française"};
+const char* const kEmployeurs[] = {
+    "Théâtre de l'Odéon",    "Opéra de Lyon",  "Radio France", "Festival d'Avignon", "Le Splendid",
+    "Compagnie du Ruisseau", "TF1 Production", "La Cigale",    "Zénith de Nantes",   "Comédie-Française"};
 
 void remplir(BaseDeDonnees& base, int contrats, bool generation4)
 {
@@ -28,15 +28,16 @@ void remplir(BaseDeDonnees& base, int contrats, bool generation4)
     }
     QDate debut(2012, 1, 3);
     const QString insertion =
-        generation4 ? QStringLiteral("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
-                                     "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, "
-                                     "c_liste_dates, c_effectue, c_paye, c_note, c_type, c_fonction, c_conges, "
-                                     "c_dates_travaillees, c_annee_encaissement) VALUES (?, 1, ?, ?, ?, ?, ?, 2, ?, ?, "
-                                     "1, ?, ?, 1, 'Comédienne', 1, ?, ?);")
-                    : QStringLiteral("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
-                                     "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, "
-                                     "c_liste_dates, c_effectue, c_paye, c_note, c_type, c_fonction, c_conges) VALUES "
-                                     "(?, 1, ?, ?, ?, ?, ?, 2, ?, ?, 1, ?, ?, 1, 'Comédienne', 1);");
+        generation4
+            ? QStringLiteral("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
+                             "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, "
+                             "c_liste_dates, c_effectue, c_paye, c_note, c_type, c_fonction, c_conges, "
+                             "c_dates_travaillees, c_annee_encaissement) VALUES (?, 1, ?, ?, ?, ?, ?, 2, ?, ?, "
+                             "1, ?, ?, 1, 'Comédienne', 1, ?, ?);")
+            : QStringLiteral("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
+                             "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, "
+                             "c_liste_dates, c_effectue, c_paye, c_note, c_type, c_fonction, c_conges) VALUES "
+                             "(?, 1, ?, ?, ?, ?, ?, 2, ?, ?, 1, ?, ?, 1, 'Comédienne', 1);");
     Requete requete(base, insertion);
     for (int i = 0; i < contrats; ++i) {
         const int jours = 1 + int(hasard.bounded(4));
@@ -47,8 +48,15 @@ void remplir(BaseDeDonnees& base, int contrats, bool generation4)
             dates << Dates::versAffichage(debut.addDays(j));
         }
         const double brut = 150.0 + double(hasard.bounded(30000)) / 100.0;
-        QVariantList valeurs{2 + int(hasard.bounded(40)), debut, fin, 12 * jours, brut * jours,
-                             std::round(brut * jours * 78.0) / 100.0, jours, liste.join(','), int(hasard.bounded(2)),
+        QVariantList valeurs{2 + int(hasard.bounded(40)),
+                             debut,
+                             fin,
+                             12 * jours,
+                             brut * jours,
+                             std::round(brut * jours * 78.0) / 100.0,
+                             jours,
+                             liste.join(','),
+                             int(hasard.bounded(2)),
                              QStringLiteral("Représentation n°%1").arg(i + 1)};
         if (generation4)
             valeurs << dates.join(',') << fin.year();

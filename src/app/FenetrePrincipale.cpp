@@ -11,17 +11,16 @@ FenetrePrincipale::FenetrePrincipale(QWidget* parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("fenetrePrincipale"));
     resize(1100, 720);
+    m_dialogues = std::make_unique<DialoguesQt>(this);
     majTitre();
 }
 
 bool FenetrePrincipale::ouvrirDocument(const QString& chemin)
 {
-    DialoguesQt dialogues(this);
     Fichiers fichiers;
-    const QString ouvert =
-        fichiers.ouvertureSQLite(QFileInfo(chemin).absoluteFilePath(), m_document, dialogues);
+    const QString ouvert = fichiers.ouvertureSQLite(QFileInfo(chemin).absoluteFilePath(), m_document, *m_dialogues);
     if (!fichiers.erreur().isEmpty()) {
-        dialogues.information(QStringLiteral("Ouverture de fichier"), fichiers.erreur(), QStringLiteral("Fermer"));
+        m_dialogues->information(QStringLiteral("Ouverture de fichier"), fichiers.erreur(), QStringLiteral("Fermer"));
         return false;
     }
     m_document = ouvert;
@@ -31,8 +30,7 @@ bool FenetrePrincipale::ouvrirDocument(const QString& chemin)
 
 void FenetrePrincipale::majTitre()
 {
-    setWindowTitle(m_document.isEmpty() ? QStringLiteral("Aucun fichier ouvert...")
-                                        : QFileInfo(m_document).fileName());
+    setWindowTitle(m_document.isEmpty() ? QStringLiteral("Aucun fichier ouvert...") : QFileInfo(m_document).fileName());
 }
 
 } // namespace corvane::app

@@ -26,8 +26,8 @@ bool Arguments::analyser(const QStringList& arguments, const QList<OptionAttendu
             nom = nom.left(egal);
             valeurJointe = true;
         }
-        auto attendue = std::find_if(options.cbegin(), options.cend(),
-                                     [&nom](const OptionAttendue& o) { return o.nom == nom; });
+        auto attendue =
+            std::find_if(options.cbegin(), options.cend(), [&nom](const OptionAttendue& o) { return o.nom == nom; });
         if (attendue == options.cend()) {
             m_erreur = QStringLiteral("option inconnue : --%1").arg(nom);
             return false;

@@ -27,9 +27,10 @@ bool Commande::analyser(Contexte& contexte, Arguments& arguments, const QStringL
         return false;
     }
     if (arguments.positionnels().size() != positionnels) {
-        *code = mauvaisUsage(contexte, arguments.positionnels().size() < positionnels
-                                           ? QStringLiteral("argument manquant")
-                                           : QStringLiteral("argument en trop : %1").arg(arguments.positionnels().last()));
+        *code =
+            mauvaisUsage(contexte, arguments.positionnels().size() < positionnels
+                                       ? QStringLiteral("argument manquant")
+                                       : QStringLiteral("argument en trop : %1").arg(arguments.positionnels().last()));
         return false;
     }
     return true;

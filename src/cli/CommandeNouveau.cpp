@@ -25,8 +25,14 @@ public:
         Arguments arguments;
         int code = Succes;
         if (!analyser(contexte, arguments, liste,
-                      {{"nom"}, {"prenom"}, {"emploi"}, {"ouverture"}, {"civilite"}, {"taux"},
-                       {"sans-abattement", false}, {"auto-entrepreneur", false}},
+                      {{"nom"},
+                       {"prenom"},
+                       {"emploi"},
+                       {"ouverture"},
+                       {"civilite"},
+                       {"taux"},
+                       {"sans-abattement", false},
+                       {"auto-entrepreneur", false}},
                       1, &code))
             return code;
         if (!arguments.exiger({"nom", "prenom", "emploi", "ouverture"}))
@@ -42,8 +48,9 @@ public:
                                               .arg(arguments.valeur("emploi"), Schema::emplois().join(", ")));
         parametres.civiliteId = int(Intermittent::sexes().indexOf(arguments.valeur("civilite", "Mr"))) + 1;
         if (parametres.civiliteId == 0)
-            return mauvaisUsage(contexte, QStringLiteral("civilité inconnue : « %1 » (choix : Mme, Mlle, Mr)")
-                                              .arg(arguments.valeur("civilite")));
+            return mauvaisUsage(
+                contexte,
+                QStringLiteral("civilité inconnue : « %1 » (choix : Mme, Mlle, Mr)").arg(arguments.valeur("civilite")));
         const auto ouverture = arguments.date("ouverture");
         const auto taux = arguments.montant("taux");
         if (arguments.enErreur())

@@ -47,8 +47,8 @@ Lignes lignesAnciennes(BaseDeDonnees& ancienne, const QString& table)
 QString Fichiers::cheminConversion(const QString& chemin)
 {
     const QFileInfo info(chemin);
-    return QStringLiteral("%1/V%2_%3.%4").arg(info.absolutePath(), QStringLiteral("3"), info.completeBaseName(),
-                                               QStringLiteral("or3"));
+    return QStringLiteral("%1/V%2_%3.%4")
+        .arg(info.absolutePath(), QStringLiteral("3"), info.completeBaseName(), QStringLiteral("or3"));
 }
 
 QString Fichiers::conversionFichier(const QString& chemin, const QString& generation)
@@ -111,14 +111,30 @@ QString Fichiers::conversionFichier(const QString& chemin, const QString& genera
         "u_permis_conduire, u_telephone_mobile, u_rib_etablissement, u_rib_guichet, u_rib_compte, u_rib_cle) VALUES "
         "(1, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, '', ?, '', ?, ?, ?, 1, 0, '', '', ?, '', '', '', "
         "'');",
-        {texte(profil, "u_nom"), texte(profil, "u_prenom"), texte(profil, "u_nomusage"), texte(profil, "u_telephone"),
-         texte(profil, "u_nir"), dateConvertie(profil, "u_naissance"), texte(profil, "u_adresse"),
-         texte(profil, "u_codepostal"), texte(profil, "u_commune"), emploiId, texte(profil, "u_identifiant"),
-         Dates::versSQLite(ouverture), texte(profil, "u_conges_spectacles"), texte(profil, "u_guso"),
+        {texte(profil, "u_nom"),
+         texte(profil, "u_prenom"),
+         texte(profil, "u_nomusage"),
+         texte(profil, "u_telephone"),
+         texte(profil, "u_nir"),
+         dateConvertie(profil, "u_naissance"),
+         texte(profil, "u_adresse"),
+         texte(profil, "u_codepostal"),
+         texte(profil, "u_commune"),
+         emploiId,
+         texte(profil, "u_identifiant"),
+         Dates::versSQLite(ouverture),
+         texte(profil, "u_conges_spectacles"),
+         texte(profil, "u_guso"),
          idPar("SELECT c_id FROM civilites WHERE c_civilite_courte=?;", texte(profil, "u_civilite"), 1),
-         texte(profil, "u_audiens"), texte(profil, "u_email"), texte(profil, "u_lieu_naissance"),
-         texte(profil, "u_nationalite"), texte(profil, "u_fax"), champ(profil, "u_srj", 0.0).toDouble(),
-         champ(profil, "u_taux", 0.0).toDouble(), abattementId, texte(profil, "u_mobile")});
+         texte(profil, "u_audiens"),
+         texte(profil, "u_email"),
+         texte(profil, "u_lieu_naissance"),
+         texte(profil, "u_nationalite"),
+         texte(profil, "u_fax"),
+         champ(profil, "u_srj", 0.0).toDouble(),
+         champ(profil, "u_taux", 0.0).toDouble(),
+         abattementId,
+         texte(profil, "u_mobile")});
 
     // Expenses: the category is found by its label; an unknown label goes to 'Divers'.
     const int divers = idPar("SELECT ft_id FROM fraistypes WHERE ft_type=?;", QStringLiteral("Divers"), 6);
@@ -175,8 +191,8 @@ QString Fichiers::conversionFichier(const QString& chemin, const QString& genera
                           {debut, fin, libelle(Dates::depuisSQLite(debut), Dates::depuisSQLite(fin)), QString()});
     }
     const QDate finPeriode = finPremierePeriode(emploiId, ouverture);
-    nouvelle.executer(insertionPeriode, {ouverture, finPeriode, libelle(ouverture, finPeriode),
-                                         QStringLiteral("Période initiale")});
+    nouvelle.executer(insertionPeriode,
+                      {ouverture, finPeriode, libelle(ouverture, finPeriode), QStringLiteral("Période initiale")});
     nouvelle.executer(QStringLiteral("UPDATE utilisateur SET u_periode_en_cours = %1 WHERE u_id = 1;")
                           .arg(nouvelle.dernierIdInsere()));
 
@@ -188,7 +204,8 @@ QString Fichiers::conversionFichier(const QString& chemin, const QString& genera
         const QString raison = nouvelle.derniereErreur();
         nouvelle.fermer();
         QFile::remove(cible);
-        echouer(QStringLiteral("La conversion du fichier « %1 » a échoué : %2").arg(QDir::toNativeSeparators(chemin), raison));
+        echouer(QStringLiteral("La conversion du fichier « %1 » a échoué : %2")
+                    .arg(QDir::toNativeSeparators(chemin), raison));
         return {};
     }
     return cible;

@@ -98,7 +98,8 @@ QString description(const QDateTime& date)
         return {};
     const int decalage = date.offsetFromUtc();
     const int minutes = qAbs(decalage) / 60;
-    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss ")) + (decalage < 0 ? QLatin1Char('-') : QLatin1Char('+')) +
+    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss ")) +
+           (decalage < 0 ? QLatin1Char('-') : QLatin1Char('+')) +
            QStringLiteral("%1%2").arg(minutes / 60, 2, 10, QLatin1Char('0')).arg(minutes % 60, 2, 10, QLatin1Char('0'));
 }
 

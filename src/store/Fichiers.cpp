@@ -21,7 +21,8 @@ QString nomAffiche(const QString& chemin)
 
 } // namespace
 
-Fichiers::Fichiers(const NouveauDocument& parametres) : m_parametres(parametres), m_sql(Schema::texte(Schema::creationV4()))
+Fichiers::Fichiers(const NouveauDocument& parametres)
+    : m_parametres(parametres), m_sql(Schema::texte(Schema::creationV4()))
 {
 }
 
@@ -81,7 +82,8 @@ bool Fichiers::nouveauV4()
         return false;
     }
     if (info.exists()) {
-        echouer(QStringLiteral("Un fichier « %1 » existe déjà : choisissez un autre nom.").arg(nomAffiche(p.nomDuFichier)));
+        echouer(
+            QStringLiteral("Un fichier « %1 » existe déjà : choisissez un autre nom.").arg(nomAffiche(p.nomDuFichier)));
         return false;
     }
     if (!info.absoluteDir().exists()) {
@@ -118,10 +120,11 @@ bool Fichiers::nouveauV4()
         "'', '', 0.0, ?, ?, 1, 0, '', '', '', '', '', '', '', ?);",
         {p.nom, p.prenom, aujourdhui, p.emploiId, ouverture, p.civiliteId, p.taux, p.abattementState == 1 ? 1 : 2,
          p.isAutoEntrepreneur ? 1 : 0});
-    m_db.executer("INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES (?, ?, ?, ?);",
-                  {ouverture, fin,
-                   QStringLiteral("Période du %1 au %2").arg(Dates::versAffichage(ouverture), Dates::versAffichage(fin)),
-                   QStringLiteral("Période initiale")});
+    m_db.executer(
+        "INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES (?, ?, ?, ?);",
+        {ouverture, fin,
+         QStringLiteral("Période du %1 au %2").arg(Dates::versAffichage(ouverture), Dates::versAffichage(fin)),
+         QStringLiteral("Période initiale")});
 
     const auto preferees = datesPrefereesInitiales(ouverture, fin);
     QString insertion = QStringLiteral(
@@ -168,13 +171,15 @@ QString Fichiers::checkVersion(const QString& chemin)
 
     BaseDeDonnees base;
     if (!base.ouvrirEnLecture(chemin)) {
-        echouer(QStringLiteral("Le fichier « %1 » ne peut pas être lu : %2").arg(nomAffiche(chemin), base.derniereErreur()));
+        echouer(QStringLiteral("Le fichier « %1 » ne peut pas être lu : %2")
+                    .arg(nomAffiche(chemin), base.derniereErreur()));
         return {};
     }
     const QString pasUnDocument =
-        QStringLiteral("Le fichier « %1 » n'est pas un fichier Corvane : il ne peut pas être ouvert.").arg(nomAffiche(chemin));
-    const QString endommage = QStringLiteral("Le fichier « %1 » est endommagé : Corvane ne peut pas le lire.")
-                                  .arg(nomAffiche(chemin));
+        QStringLiteral("Le fichier « %1 » n'est pas un fichier Corvane : il ne peut pas être ouvert.")
+            .arg(nomAffiche(chemin));
+    const QString endommage =
+        QStringLiteral("Le fichier « %1 » est endommagé : Corvane ne peut pas le lire.").arg(nomAffiche(chemin));
 
     qint64 compteur = 0;
     {
@@ -212,8 +217,9 @@ QString Fichiers::version(const QString& chemin)
 QString Fichiers::version(BaseDeDonnees& base)
 {
     auto existe = [&base](const char* table) {
-        return base.entier(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE name = '%1';")
-                               .arg(QLatin1String(table))) > 0;
+        return base.entier(
+                   QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE name = '%1';").arg(QLatin1String(table))) >
+               0;
     };
     if (existe("propositions"))
         return QStringLiteral("4");
@@ -277,7 +283,8 @@ QString Fichiers::ouvrir(const QString& chemin, const QString& dejaOuvert, Dialo
             closeConnection();
             verifierEcriture(chemin);
             if (m_erreur.isEmpty())
-                echouer(QStringLiteral("Le fichier « %1 » ne peut pas être ouvert en écriture.").arg(nomAffiche(chemin)));
+                echouer(
+                    QStringLiteral("Le fichier « %1 » ne peut pas être ouvert en écriture.").arg(nomAffiche(chemin)));
             return {};
         }
         nouveautesVerif();

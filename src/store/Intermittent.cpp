@@ -176,8 +176,7 @@ int Intermittent::retrouveSecuriteSocialeTypeId(const QString& type)
 
 QString Intermittent::retrouveSecuriteSocialeTypeDepuisId(int id)
 {
-    return m_db.texte(
-        QStringLiteral("SELECT sst_type FROM securitesocialetypes WHERE sst_id='%1';").arg(uint(id)));
+    return m_db.texte(QStringLiteral("SELECT sst_type FROM securitesocialetypes WHERE sst_id='%1';").arg(uint(id)));
 }
 
 int Intermittent::retrouvePeriodeId(const QString& libelle)
@@ -362,7 +361,8 @@ QStringList Intermittent::rempliListeDelais()
     QStringList liste;
     Requete r(m_db, "SELECT d_nombre, d_type FROM delais ORDER BY d_type ASC, d_nombre ASC;");
     while (r.suivante())
-        liste << QStringLiteral("%1 %2").arg(r.texte(0), r.entier(1) == 1 ? QStringLiteral("mois") : QStringLiteral("jours"));
+        liste << QStringLiteral("%1 %2").arg(r.texte(0),
+                                             r.entier(1) == 1 ? QStringLiteral("mois") : QStringLiteral("jours"));
     return liste;
 }
 

@@ -287,7 +287,6 @@ const char* const kPersonnel[] = {
     "ep_payes TEXT(255) DEFAULT '');",
 };
 
-
 // --- The upgrade of a generation-3 document, as first shipped -------------------------
 // Each entry runs on its own. Its differences from the creation script are part of
 // what upgraded documents hold: a sixth discount of type 0, a second (15, 0) delay

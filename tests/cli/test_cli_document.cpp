@@ -41,8 +41,8 @@ private:
     QString nouveau(const QString& nom, const QStringList& options = {})
     {
         const QString chemin = m_dossier.filePath(nom);
-        const ResultatCli r = lancerCli(QStringList{"--json", "nouveau", chemin, "--nom", "Martin", "--prenom",
-                                                    "Léa", "--emploi", "Artiste", "--ouverture", "2024-02-01"} +
+        const ResultatCli r = lancerCli(QStringList{"--json", "nouveau", chemin, "--nom", "Martin", "--prenom", "Léa",
+                                                    "--emploi", "Artiste", "--ouverture", "2024-02-01"} +
                                         options);
         if (r.code != 0)
             qWarning() << r.erreurs;
@@ -97,9 +97,10 @@ private slots:
 
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(chemin));
-        QCOMPARE(base.colonne("SELECT u_nom || '|' || u_taux_valide || '|' || u_abattement || '|' || "
-                              "u_autoentrepreneur_flag || '|' || u_civilite_id || '|' || u_naissance FROM utilisateur;"),
-                 QStringList{"L'Hermite|1234.5|1|1|1|2016-07-31 00:00:00.000"});
+        QCOMPARE(
+            base.colonne("SELECT u_nom || '|' || u_taux_valide || '|' || u_abattement || '|' || "
+                         "u_autoentrepreneur_flag || '|' || u_civilite_id || '|' || u_naissance FROM utilisateur;"),
+            QStringList{"L'Hermite|1234.5|1|1|1|2016-07-31 00:00:00.000"});
         // Before 1 August 2016 the artists' period is 319 days long.
         QCOMPARE(base.texte("SELECT p_date_fin FROM periodes;"), QStringLiteral("2017-01-13 00:00:00.000"));
         base.fermer();
@@ -126,19 +127,20 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("message");
-        QTest::newRow("missing surname") << QStringList{"--prenom", "A", "--emploi", "Artiste", "--ouverture", "2024-01-01"}
+        QTest::newRow("missing surname") << QStringList{"--prenom", "A",           "--emploi",
+                                                        "Artiste",  "--ouverture", "2024-01-01"}
                                          << 2 << "--nom est obligatoire";
-        QTest::newRow("malformed date") << QStringList{"--nom", "A", "--prenom", "B", "--emploi", "Artiste",
-                                                       "--ouverture", "01/02/2024"}
+        QTest::newRow("malformed date") << QStringList{"--nom",    "A",       "--prenom",    "B",
+                                                       "--emploi", "Artiste", "--ouverture", "01/02/2024"}
                                         << 2 << "date invalide";
-        QTest::newRow("impossible date") << QStringList{"--nom", "A", "--prenom", "B", "--emploi", "Artiste",
-                                                        "--ouverture", "2023-02-29"}
+        QTest::newRow("impossible date") << QStringList{"--nom",    "A",       "--prenom",    "B",
+                                                        "--emploi", "Artiste", "--ouverture", "2023-02-29"}
                                          << 2 << "date invalide";
-        QTest::newRow("unknown job") << QStringList{"--nom", "A", "--prenom", "B", "--emploi", "Clown",
-                                                    "--ouverture", "2024-01-01"}
+        QTest::newRow("unknown job") << QStringList{"--nom",    "A",     "--prenom",    "B",
+                                                    "--emploi", "Clown", "--ouverture", "2024-01-01"}
                                      << 2 << "emploi inconnu";
-        QTest::newRow("malformed rate") << QStringList{"--nom", "A", "--prenom", "B", "--emploi", "Artiste",
-                                                       "--ouverture", "2024-01-01", "--taux", "douze"}
+        QTest::newRow("malformed rate") << QStringList{"--nom",   "A",           "--prenom",   "B",      "--emploi",
+                                                       "Artiste", "--ouverture", "2024-01-01", "--taux", "douze"}
                                         << 2 << "montant invalide";
         QTest::newRow("unknown option") << QStringList{"--nom", "A", "--couleur", "rouge"} << 2 << "option inconnue";
     }
@@ -160,8 +162,8 @@ private slots:
     {
         const QString chemin = nouveau("existant.cv4");
         const QByteArray avant = empreinte(chemin);
-        const ResultatCli r = lancerCli({"nouveau", chemin, "--nom", "B", "--prenom", "C", "--emploi", "Ouvrier",
-                                         "--ouverture", "2024-01-01"});
+        const ResultatCli r = lancerCli(
+            {"nouveau", chemin, "--nom", "B", "--prenom", "C", "--emploi", "Ouvrier", "--ouverture", "2024-01-01"});
         QCOMPARE(r.code, 1);
         QVERIFY2(r.erreurs.contains(QStringLiteral("existe déjà")), qPrintable(r.erreurs));
         QCOMPARE(empreinte(chemin), avant);
@@ -220,7 +222,8 @@ private slots:
 
         r = lancerCli({"--json", "ouvrir", chemin, "--ne-pas-convertir"});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r), (QJsonObject{{"fichier", QJsonValue()}, {"generation_initiale", "2"}, {"converti", QJsonValue()}}));
+        QCOMPARE(json(r),
+                 (QJsonObject{{"fichier", QJsonValue()}, {"generation_initiale", "2"}, {"converti", QJsonValue()}}));
         QVERIFY(!QFileInfo::exists(copie));
 
         r = lancerCli({"--json", "ouvrir", chemin, "--convertir"});
@@ -237,14 +240,23 @@ private slots:
         QTest::addColumn<QString>("message");
         for (const char* commande : {"info", "ouvrir"}) {
             const QString c = QString::fromLatin1(commande);
-            QTest::addRow("%s: missing path", commande) << c << "absent" << "introuvable";
-            QTest::addRow("%s: directory", commande) << c << "dossier" << "est un dossier";
-            QTest::addRow("%s: text file", commande) << c << "texte" << "n'est pas un fichier Corvane";
-            QTest::addRow("%s: truncated database", commande) << c << "tronque" << "endommagé";
-            QTest::addRow("%s: damaged database", commande) << c << "endommage" << "endommagé";
+            QTest::addRow("%s: missing path", commande) << c << "absent"
+                                                        << "introuvable";
+            QTest::addRow("%s: directory", commande) << c << "dossier"
+                                                     << "est un dossier";
+            QTest::addRow("%s: text file", commande) << c << "texte"
+                                                     << "n'est pas un fichier Corvane";
+            QTest::addRow("%s: truncated database", commande) << c << "tronque"
+                                                              << "endommagé";
+            QTest::addRow("%s: damaged database", commande) << c << "endommage"
+                                                            << "endommagé";
         }
-        QTest::newRow("ouvrir: read-only document") << "ouvrir" << "lecture-seule" << "protégé en écriture";
-        QTest::newRow("ouvrir: empty file") << "ouvrir" << "vide" << "aucune donnée";
+        QTest::newRow("ouvrir: read-only document") << "ouvrir"
+                                                    << "lecture-seule"
+                                                    << "protégé en écriture";
+        QTest::newRow("ouvrir: empty file") << "ouvrir"
+                                            << "vide"
+                                            << "aucune donnée";
     }
 
     void mauvaisesEntrees()

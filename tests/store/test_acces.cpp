@@ -43,21 +43,36 @@ private slots:
         QTest::addColumn<QString>("genre");
         QTest::addColumn<QString>("libelle");
         QTest::addColumn<int>("id");
-        QTest::newRow("job") << "emploi" << "Technicien" << 3;
-        QTest::newRow("job, wrong case") << "emploi" << "technicien" << 0;
-        QTest::newRow("civility") << "civilite" << "Mlle" << 2;
-        QTest::newRow("abatement") << "abattement" << "25" << 3;
-        QTest::newRow("contract kind") << "type" << "Formations" << 3;
-        QTest::newRow("employer with a quote") << "employeur" << "Théâtre de l'Œuvre" << 2;
-        QTest::newRow("employer, injection attempt") << "employeur" << "x' OR '1'='1" << 0;
-        QTest::newRow("expense category") << "frais" << "Hébergement" << 8;
-        QTest::newRow("sickness kind") << "securite" << "Maternité" << 3;
-        QTest::newRow("period with a quote") << "periode" << "Période d'été" << 2;
-        QTest::newRow("organisation") << "organisme" << "Spré" << 8;
-        QTest::newRow("category with a quote") << "categorie" << "Chef d'orchestre" << 4;
-        QTest::newRow("legal form with a quote") << "qualite" << "Comité d'entreprise" << 3;
-        QTest::newRow("service group") << "groupe" << "Déplacement" << 4;
-        QTest::newRow("service") << "prestation" << "Montage vidéo" << 7;
+        QTest::newRow("job") << "emploi"
+                             << "Technicien" << 3;
+        QTest::newRow("job, wrong case") << "emploi"
+                                         << "technicien" << 0;
+        QTest::newRow("civility") << "civilite"
+                                  << "Mlle" << 2;
+        QTest::newRow("abatement") << "abattement"
+                                   << "25" << 3;
+        QTest::newRow("contract kind") << "type"
+                                       << "Formations" << 3;
+        QTest::newRow("employer with a quote") << "employeur"
+                                               << "Théâtre de l'Œuvre" << 2;
+        QTest::newRow("employer, injection attempt") << "employeur"
+                                                     << "x' OR '1'='1" << 0;
+        QTest::newRow("expense category") << "frais"
+                                          << "Hébergement" << 8;
+        QTest::newRow("sickness kind") << "securite"
+                                       << "Maternité" << 3;
+        QTest::newRow("period with a quote") << "periode"
+                                             << "Période d'été" << 2;
+        QTest::newRow("organisation") << "organisme"
+                                      << "Spré" << 8;
+        QTest::newRow("category with a quote") << "categorie"
+                                               << "Chef d'orchestre" << 4;
+        QTest::newRow("legal form with a quote") << "qualite"
+                                                 << "Comité d'entreprise" << 3;
+        QTest::newRow("service group") << "groupe"
+                                       << "Déplacement" << 4;
+        QTest::newRow("service") << "prestation"
+                                 << "Montage vidéo" << 7;
     }
 
     void parLibelle()
@@ -182,8 +197,9 @@ private slots:
         QVERIFY(base.creer(m_dossier.filePath("exec.db")));
         QCOMPARE(base.exec("CREATE TABLE t (a); INSERT INTO absente VALUES (1); INSERT INTO t VALUES (2);"), 1);
         QCOMPARE(base.colonne("SELECT a FROM t;"), QStringList{"2"});
-        QCOMPARE(base.exec("INSERT INTO t VALUES (3); INSERT INTO t (a) VALUES ('d'orchestre'); INSERT INTO t VALUES (4);"),
-                 1);
+        QCOMPARE(
+            base.exec("INSERT INTO t VALUES (3); INSERT INTO t (a) VALUES ('d'orchestre'); INSERT INTO t VALUES (4);"),
+            1);
         QCOMPARE(base.colonne("SELECT a FROM t;"), (QStringList{"2", "3"}));
     }
 };

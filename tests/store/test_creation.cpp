@@ -61,8 +61,7 @@ private slots:
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(m_chemin));
         QStringList obtenu;
-        const QStringList tables =
-            base.colonne("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid;");
+        const QStringList tables = base.colonne("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid;");
         for (const QString& table : tables) {
             Requete r(base, QStringLiteral("PRAGMA table_info(\"%1\");").arg(table));
             while (r.suivante()) {
@@ -108,10 +107,10 @@ private slots:
     {
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(m_chemin));
-        for (const char* table : {"contrats", "contratsmodeles", "securitesociale", "contrats_frais", "frais",
-                                  "congeshistorique", "fiscalitehistorique", "assedichistorique",
-                                  "fichiersauvegardes", "propositionslibelles", "propositions", "factures",
-                                  "droitsvoisins", "structures", "employes", "evenements", "evenementspaiements"})
+        for (const char* table :
+             {"contrats", "contratsmodeles", "securitesociale", "contrats_frais", "frais", "congeshistorique",
+              "fiscalitehistorique", "assedichistorique", "fichiersauvegardes", "propositionslibelles", "propositions",
+              "factures", "droitsvoisins", "structures", "employes", "evenements", "evenementspaiements"})
             QCOMPARE(base.entier(QStringLiteral("SELECT COUNT(*) FROM %1;").arg(table)), 0);
     }
 
@@ -151,16 +150,15 @@ private slots:
                  QStringList{"1|2024-03-01 00:00:00.000|2025-03-01 00:00:00.000|Période du 01/03/2024 au "
                              "01/03/2025|Période initiale|0|0|7"});
         // The compound SELECT returns its rows sorted, so ids follow the keys' order.
-        QCOMPARE(base.colonne("SELECT dpp_id || '|' || dpp_element || '|' || substr(dpp_date, 1, 10) FROM "
-                              "datesPeriodesPreferees ORDER BY dpp_id;"),
-                 (QStringList{"1|assedichistorique_debut|2024-01-01", "2|assedichistorique_fin|2024-12-31",
-                              "3|conges_debut|2023-04-01", "4|conges_fin|2024-03-31",
-                              "5|contrats_debut|2024-03-01", "6|contrats_fin|2025-03-01",
-                              "7|fiscalite_debut|2023-01-01", "8|fiscalite_fin|2023-12-31",
-                              "9|frais_debut|2024-01-01", "10|frais_fin|2024-12-31",
-                              "11|securite_sociale_debut|2024-03-01", "12|securite_sociale_fin|2025-03-01",
-                              "13|securite_sociale_verification|2024-03-01", "14|simulation_debut|2024-03-01",
-                              "15|simulation_fin|2025-03-01"}));
+        QCOMPARE(
+            base.colonne("SELECT dpp_id || '|' || dpp_element || '|' || substr(dpp_date, 1, 10) FROM "
+                         "datesPeriodesPreferees ORDER BY dpp_id;"),
+            (QStringList{"1|assedichistorique_debut|2024-01-01", "2|assedichistorique_fin|2024-12-31",
+                         "3|conges_debut|2023-04-01", "4|conges_fin|2024-03-31", "5|contrats_debut|2024-03-01",
+                         "6|contrats_fin|2025-03-01", "7|fiscalite_debut|2023-01-01", "8|fiscalite_fin|2023-12-31",
+                         "9|frais_debut|2024-01-01", "10|frais_fin|2024-12-31", "11|securite_sociale_debut|2024-03-01",
+                         "12|securite_sociale_fin|2025-03-01", "13|securite_sociale_verification|2024-03-01",
+                         "14|simulation_debut|2024-03-01", "15|simulation_fin|2025-03-01"}));
     }
 
     void finDePremierePeriode_data()
@@ -183,9 +181,8 @@ private slots:
         QFETCH(QDate, aujourdhui);
         QFETCH(QDate, fin);
         Horloge::fixer(aujourdhui);
-        NouveauDocument p = parametresParDefaut(m_dossier.filePath(QStringLiteral("fin-%1-%2.cv4")
-                                                                       .arg(emploiId)
-                                                                       .arg(aujourdhui.toString("yyyyMMdd"))));
+        NouveauDocument p = parametresParDefaut(
+            m_dossier.filePath(QStringLiteral("fin-%1-%2.cv4").arg(emploiId).arg(aujourdhui.toString("yyyyMMdd"))));
         p.emploiId = emploiId;
         p.dateOuvertureDesDroits = QDate(2015, 3, 1);
         BaseDeDonnees base;
@@ -222,9 +219,12 @@ private slots:
     {
         QTest::addColumn<QString>("chemin");
         QTest::addColumn<QString>("message");
-        QTest::newRow("existing file") << "neuf.cv4" << "existe déjà";
-        QTest::newRow("missing folder") << "nulle-part/doc.cv4" << "n'existe pas";
-        QTest::newRow("no name") << "" << "Aucun nom";
+        QTest::newRow("existing file") << "neuf.cv4"
+                                       << "existe déjà";
+        QTest::newRow("missing folder") << "nulle-part/doc.cv4"
+                                        << "n'existe pas";
+        QTest::newRow("no name") << ""
+                                 << "Aucun nom";
     }
 
     void refus()

@@ -23,7 +23,8 @@ private slots:
     {
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QDate>("jour");
-        QTest::newRow("30 March 2014, the spring clock change in Paris") << "2014-03-30 00:00:00.000" << QDate(2014, 3, 30);
+        QTest::newRow("30 March 2014, the spring clock change in Paris")
+            << "2014-03-30 00:00:00.000" << QDate(2014, 3, 30);
         QTest::newRow("26 October 2014, the autumn change") << "2014-10-26 00:00:00.000" << QDate(2014, 10, 26);
         QTest::newRow("summer day") << "2016-08-01 00:00:00.000" << QDate(2016, 8, 1);
         QTest::newRow("leap day") << "2024-02-29 00:00:00.000" << QDate(2024, 2, 29);
@@ -132,12 +133,18 @@ private slots:
     {
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QString>("attendu");
-        QTest::newRow("decimal comma") << "12,5" << "12.5";
-        QTest::newRow("blank kept, comma changed") << "1 234,56" << "1 234.56";
-        QTest::newRow("every comma") << "1,2,3" << "1.2.3";
-        QTest::newRow("no comma") << "42" << "42";
-        QTest::newRow("empty") << "" << "";
-        QTest::newRow("other characters kept") << "€ 3,50 !" << "€ 3.50 !";
+        QTest::newRow("decimal comma") << "12,5"
+                                       << "12.5";
+        QTest::newRow("blank kept, comma changed") << "1 234,56"
+                                                   << "1 234.56";
+        QTest::newRow("every comma") << "1,2,3"
+                                     << "1.2.3";
+        QTest::newRow("no comma") << "42"
+                                  << "42";
+        QTest::newRow("empty") << ""
+                               << "";
+        QTest::newRow("other characters kept") << "€ 3,50 !"
+                                               << "€ 3.50 !";
     }
 
     void virguleEnPoint()

@@ -57,10 +57,10 @@ private slots:
         QTest::newRow("contract kinds gain 'Régime Général'")
             << "SELECT ct_type FROM contratstypes ORDER BY ct_id"
             << QStringList{"Prestations", "Enseignements", "Formations", "Régime Général"};
-        QTest::newRow("sickness kinds gain three") << "SELECT sst_type FROM securitesocialetypes ORDER BY sst_id"
-                                                   << QStringList{"Accident du travail", "Maladie", "Maternité",
-                                                                  "Paternité", "Consultation Généraliste",
-                                                                  "Consultation Spécialiste", "Pharmacie"};
+        QTest::newRow("sickness kinds gain three")
+            << "SELECT sst_type FROM securitesocialetypes ORDER BY sst_id"
+            << QStringList{"Accident du travail",      "Maladie",  "Maternité", "Paternité", "Consultation Généraliste",
+                           "Consultation Spécialiste", "Pharmacie"};
         QTest::newRow("organisations: first six, then Agessa and SACD")
             << "SELECT dvo_id || ':' || dvo_nom FROM droitsvoisinsorganismes ORDER BY dvo_id"
             << QStringList{"1:Adami", "2:Sacem", "3:Scpp", "4:Spedidam", "5:Sppf", "6:Spré", "7:Agessa", "8:SACD"};
@@ -72,13 +72,13 @@ private slots:
             << QStringList{"1:Association", "2:Aucune", "3:Entreprise", "4:Particulier"};
         QTest::newRow("delays: (15, 0) twice") << "SELECT d_nombre || ',' || d_type FROM delais ORDER BY d_id"
                                                << QStringList{"7,0", "15,0", "1,1", "2,1", "15,0"};
-        QTest::newRow("sixth discount is a rate") << "SELECT r_montant || ',' || r_type FROM remises ORDER BY r_id"
-                                                  << QStringList{"0.0,-1", "5.0,0",  "10.0,0", "15.0,0",
-                                                                 "20.0,0", "50.0,0", "200.0,1"};
+        QTest::newRow("sixth discount is a rate")
+            << "SELECT r_montant || ',' || r_type FROM remises ORDER BY r_id"
+            << QStringList{"0.0,-1", "5.0,0", "10.0,0", "15.0,0", "20.0,0", "50.0,0", "200.0,1"};
         QTest::newRow("services seeded, priced per person 0")
             << "SELECT COUNT(*) || ',' || SUM(pt_par_personne) FROM prestationstypes" << QStringList{"10,0"};
-        QTest::newRow("self-employment kinds") << "SELECT ae_id FROM autoentrepreneurtypes ORDER BY ae_id"
-                                               << QStringList{"100", "101", "102", "103"};
+        QTest::newRow("self-employment kinds")
+            << "SELECT ae_id FROM autoentrepreneurtypes ORDER BY ae_id" << QStringList{"100", "101", "102", "103"};
         QTest::newRow("file row, version 4, unlocked, no password")
             << "SELECT f_id || ',' || f_version || ',' || f_locked || ',' || ifnull(f_password, 'NULL') FROM file"
             << QStringList{"1,4,0,NULL"};
@@ -99,29 +99,98 @@ private slots:
         QTest::addColumn<QString>("colonne");
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("defaut");
-        QTest::newRow("e_prospect: no type, default 0") << "employeurs" << "e_prospect" << "" << "0";
-        QTest::newRow("e_no_siret: no type") << "employeurs" << "e_no_siret" << "" << "''";
-        QTest::newRow("e_no_licence_spectacle: no type") << "employeurs" << "e_no_licence_spectacle" << "" << "''";
-        QTest::newRow("f_rembourse: default 1") << "frais" << "f_rembourse" << "INTEGER" << "1";
-        QTest::newRow("u_annee_blanche: TINYINT") << "utilisateur" << "u_annee_blanche" << "TINYINT" << "0";
-        QTest::newRow("f_password: no default") << "file" << "f_password" << "VARCHAR" << "<aucun>";
-        QTest::newRow("p_nbre_personnes added after") << "propositions" << "p_nbre_personnes" << "INTEGER" << "0";
-        QTest::newRow("cm_employeur") << "contratsmodeles" << "cm_employeur" << "INTEGER" << "1";
-        QTest::newRow("cm_salaire_net_a_payer") << "contratsmodeles" << "cm_salaire_net_a_payer" << "REAL" << "0";
-        QTest::newRow("ss_total_ij") << "securitesociale" << "ss_total_ij" << "REAL" << "0";
-        QTest::newRow("ss_ald") << "securitesociale" << "ss_ald" << "INTEGER" << "0";
-        QTest::newRow("ss_rembourse_mutuelle") << "securitesociale" << "ss_rembourse_mutuelle" << "INTEGER" << "0";
-        QTest::newRow("e_conventionne") << "employeurs" << "e_conventionne" << "INTEGER" << "1";
-        QTest::newRow("e_latitude") << "employeurs" << "e_latitude" << "REAL" << "0";
-        QTest::newRow("e_qualite_id") << "employeurs" << "e_qualite_id" << "INTEGER" << "2";
-        QTest::newRow("c_aem_fp") << "contrats" << "c_aem_fp" << "INTEGER" << "1";
-        QTest::newRow("c_pas") << "contrats" << "c_pas" << "REAL" << "0";
-        QTest::newRow("u_pas") << "utilisateur" << "u_pas" << "REAL" << "0";
-        QTest::newRow("u_rib_iban") << "utilisateur" << "u_rib_iban" << "VARCHAR" << "''";
-        QTest::newRow("u_sacem") << "utilisateur" << "u_sacem" << "VARCHAR" << "''";
-        QTest::newRow("u_ae_activite") << "utilisateur" << "u_ae_activite" << "INTEGER" << "1";
-        QTest::newRow("p_attente: 7") << "periodes" << "p_attente" << "TINYINT" << "7";
-        QTest::newRow("p_conges") << "periodes" << "p_conges" << "TINYINT" << "0";
+        QTest::newRow("e_prospect: no type, default 0") << "employeurs"
+                                                        << "e_prospect"
+                                                        << ""
+                                                        << "0";
+        QTest::newRow("e_no_siret: no type") << "employeurs"
+                                             << "e_no_siret"
+                                             << ""
+                                             << "''";
+        QTest::newRow("e_no_licence_spectacle: no type") << "employeurs"
+                                                         << "e_no_licence_spectacle"
+                                                         << ""
+                                                         << "''";
+        QTest::newRow("f_rembourse: default 1") << "frais"
+                                                << "f_rembourse"
+                                                << "INTEGER"
+                                                << "1";
+        QTest::newRow("u_annee_blanche: TINYINT") << "utilisateur"
+                                                  << "u_annee_blanche"
+                                                  << "TINYINT"
+                                                  << "0";
+        QTest::newRow("f_password: no default") << "file"
+                                                << "f_password"
+                                                << "VARCHAR"
+                                                << "<aucun>";
+        QTest::newRow("p_nbre_personnes added after") << "propositions"
+                                                      << "p_nbre_personnes"
+                                                      << "INTEGER"
+                                                      << "0";
+        QTest::newRow("cm_employeur") << "contratsmodeles"
+                                      << "cm_employeur"
+                                      << "INTEGER"
+                                      << "1";
+        QTest::newRow("cm_salaire_net_a_payer") << "contratsmodeles"
+                                                << "cm_salaire_net_a_payer"
+                                                << "REAL"
+                                                << "0";
+        QTest::newRow("ss_total_ij") << "securitesociale"
+                                     << "ss_total_ij"
+                                     << "REAL"
+                                     << "0";
+        QTest::newRow("ss_ald") << "securitesociale"
+                                << "ss_ald"
+                                << "INTEGER"
+                                << "0";
+        QTest::newRow("ss_rembourse_mutuelle") << "securitesociale"
+                                               << "ss_rembourse_mutuelle"
+                                               << "INTEGER"
+                                               << "0";
+        QTest::newRow("e_conventionne") << "employeurs"
+                                        << "e_conventionne"
+                                        << "INTEGER"
+                                        << "1";
+        QTest::newRow("e_latitude") << "employeurs"
+                                    << "e_latitude"
+                                    << "REAL"
+                                    << "0";
+        QTest::newRow("e_qualite_id") << "employeurs"
+                                      << "e_qualite_id"
+                                      << "INTEGER"
+                                      << "2";
+        QTest::newRow("c_aem_fp") << "contrats"
+                                  << "c_aem_fp"
+                                  << "INTEGER"
+                                  << "1";
+        QTest::newRow("c_pas") << "contrats"
+                               << "c_pas"
+                               << "REAL"
+                               << "0";
+        QTest::newRow("u_pas") << "utilisateur"
+                               << "u_pas"
+                               << "REAL"
+                               << "0";
+        QTest::newRow("u_rib_iban") << "utilisateur"
+                                    << "u_rib_iban"
+                                    << "VARCHAR"
+                                    << "''";
+        QTest::newRow("u_sacem") << "utilisateur"
+                                 << "u_sacem"
+                                 << "VARCHAR"
+                                 << "''";
+        QTest::newRow("u_ae_activite") << "utilisateur"
+                                       << "u_ae_activite"
+                                       << "INTEGER"
+                                       << "1";
+        QTest::newRow("p_attente: 7") << "periodes"
+                                      << "p_attente"
+                                      << "TINYINT"
+                                      << "7";
+        QTest::newRow("p_conges") << "periodes"
+                                  << "p_conges"
+                                  << "TINYINT"
+                                  << "0";
     }
 
     void colonnesAjoutees()
@@ -223,10 +292,12 @@ private slots:
         QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), chemin);
         QVERIFY(base.ouvrirEnLecture(chemin));
         for (const char* colonne : {"u_pas", "u_rib_iban"})
-            QCOMPARE(base.entier(QStringLiteral("SELECT COUNT(*) FROM pragma_table_info('utilisateur') WHERE name = '%1';")
-                                     .arg(colonne)),
-                     1);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM pragma_table_info('contrats') WHERE name IN ('c_pas', 'c_aem_fp');"), 2);
+            QCOMPARE(
+                base.entier(QStringLiteral("SELECT COUNT(*) FROM pragma_table_info('utilisateur') WHERE name = '%1';")
+                                .arg(colonne)),
+                1);
+        QCOMPARE(base.entier("SELECT COUNT(*) FROM pragma_table_info('contrats') WHERE name IN ('c_pas', 'c_aem_fp');"),
+                 2);
         // Its own seed rows are left as they are.
         QCOMPARE(base.entier("SELECT COUNT(*) FROM delais;"), 4);
         QCOMPARE(base.entier("SELECT COUNT(*) FROM droitsvoisinsorganismes;"), 8);
@@ -253,8 +324,7 @@ private slots:
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(chemin));
         QCOMPARE(base.colonne("SELECT c_dates_travaillees || ' ' || c_annee_encaissement FROM contrats ORDER BY c_id;"),
-                 (QStringList{"29/03/2014,30/03/2014,31/03/2014,01/04/2014 2014",
-                              "31/12/2014,01/01/2015 2015"}));
+                 (QStringList{"29/03/2014,30/03/2014,31/03/2014,01/04/2014 2014", "31/12/2014,01/01/2015 2015"}));
     }
 
     void liensFraisContrats()

@@ -79,10 +79,14 @@ private slots:
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("generation");
-        QTest::newRow("Orvia 1") << "generation1.sql" << "1";
-        QTest::newRow("Orvia 2") << "generation2.sql" << "2";
-        QTest::newRow("Orvia 2.5") << "generation25.sql" << "2.5";
-        QTest::newRow("generation 3") << "generation3.sql" << "3";
+        QTest::newRow("Orvia 1") << "generation1.sql"
+                                 << "1";
+        QTest::newRow("Orvia 2") << "generation2.sql"
+                                 << "2";
+        QTest::newRow("Orvia 2.5") << "generation25.sql"
+                                   << "2.5";
+        QTest::newRow("generation 3") << "generation3.sql"
+                                      << "3";
     }
 
     void generations()
@@ -138,12 +142,18 @@ private slots:
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("message");
-        QTest::newRow("missing path") << "absent" << "introuvable";
-        QTest::newRow("directory") << "dossier" << "est un dossier";
-        QTest::newRow("text file") << "texte" << "n'est pas un fichier Corvane";
-        QTest::newRow("truncated database") << "tronque" << "endommagé";
-        QTest::newRow("damaged pages") << "endommage" << "endommagé";
-        QTest::newRow("header only") << "entete-seule" << "endommagé";
+        QTest::newRow("missing path") << "absent"
+                                      << "introuvable";
+        QTest::newRow("directory") << "dossier"
+                                   << "est un dossier";
+        QTest::newRow("text file") << "texte"
+                                   << "n'est pas un fichier Corvane";
+        QTest::newRow("truncated database") << "tronque"
+                                            << "endommagé";
+        QTest::newRow("damaged pages") << "endommage"
+                                       << "endommagé";
+        QTest::newRow("header only") << "entete-seule"
+                                     << "endommagé";
     }
 
     void mauvaisesEntrees()
@@ -189,9 +199,12 @@ private slots:
         QTest::addColumn<int>("frais");
         QTest::addColumn<int>("periodes");
         // Employers include the catch-all one; periods include the current one.
-        QTest::newRow("Orvia 1") << "generation1.sql" << "1" << 3 << 3 << 2 << 2;
-        QTest::newRow("Orvia 2") << "generation2.sql" << "2" << 3 << 3 << 1 << 1;
-        QTest::newRow("Orvia 2.5") << "generation25.sql" << "2.5" << 2 << 1 << 2 << 2;
+        QTest::newRow("Orvia 1") << "generation1.sql"
+                                 << "1" << 3 << 3 << 2 << 2;
+        QTest::newRow("Orvia 2") << "generation2.sql"
+                                 << "2" << 3 << 3 << 1 << 1;
+        QTest::newRow("Orvia 2.5") << "generation25.sql"
+                                   << "2.5" << 2 << 1 << 2 << 2;
     }
 
     void conversion()
