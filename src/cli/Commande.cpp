@@ -1,6 +1,6 @@
 #include "cli/Commande.h"
 
-#include "store/Intermittent.h"
+#include "store/Verrou.h"
 
 #include <QJsonDocument>
 
@@ -44,17 +44,14 @@ void Commande::ecrireJson(Contexte& contexte, const QJsonObject& objet)
 
 bool Commande::verifierMotDePasse(Contexte& contexte, const QString& chemin, int* code)
 {
-    Intermittent document(chemin);
-    if (!document.isFileLocked())
+    if (!Verrou::isFileLocked(chemin))
         return true;
-    const QString enregistre = QString::fromUtf8(QByteArray::fromBase64(
-        document.db().texte(QStringLiteral("SELECT f_password FROM file WHERE f_id = 1;")).toLatin1()));
     if (!contexte.motDePasseDonne) {
         *code = echec(contexte, QStringLiteral("ce fichier est protégé par un mot de passe : indiquez-le avec "
                                                "--mot-de-passe."));
         return false;
     }
-    if (contexte.motDePasse != enregistre) {
+    if (!Verrou::estLeMotDePasse(chemin, contexte.motDePasse)) {
         *code = echec(contexte, QStringLiteral("le mot de passe est incorrect."));
         return false;
     }

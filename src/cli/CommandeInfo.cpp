@@ -35,13 +35,10 @@ public:
         const bool verrouille =
             base.tableExiste("file") && base.entier(QStringLiteral("SELECT f_locked FROM file WHERE f_id = 1;")) == 1;
         bool compter = moderne;
-        if (verrouille && contexte.motDePasseDonne) {
-            const QString enregistre = QString::fromUtf8(QByteArray::fromBase64(
-                base.texte(QStringLiteral("SELECT f_password FROM file WHERE f_id = 1;")).toLatin1()));
-            if (contexte.motDePasse != enregistre)
-                return echec(contexte, QStringLiteral("le mot de passe est incorrect."));
-        } else if (verrouille) {
-            compter = false;
+        if (verrouille) {
+            if (contexte.motDePasseDonne && !verifierMotDePasse(contexte, chemin, &code))
+                return code;
+            compter = compter && contexte.motDePasseDonne;
         }
 
         QJsonObject enregistrements;

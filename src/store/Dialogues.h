@@ -16,6 +16,10 @@ public:
     virtual QString question(const QString& titre, const QString& message, const QStringList& boutons) = 0;
     // Tells something; the only answer is the button.
     virtual void information(const QString& titre, const QString& message, const QString& bouton) = 0;
+    // A save panel opening in `dossier` with `nomPropose`, limited to `extension`.
+    // Returns the chosen path, or "" when the user cancels.
+    virtual QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier,
+                                               const QString& nomPropose, const QString& extension) = 0;
 };
 
 // Answers from a list given in advance, and keeps what was asked.
@@ -45,11 +49,31 @@ public:
         m_echanges.append({titre, message, {bouton}, bouton});
     }
 
+    // The panel's answer is the next path given (cancel when none is left).
+    QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
+                                       const QString& extension) override
+    {
+        m_panneaux.append({titre, dossier, nomPropose, extension});
+        return m_chemins.isEmpty() ? QString() : m_chemins.takeFirst();
+    }
+
+    struct Panneau
+    {
+        QString titre;
+        QString dossier;
+        QString nomPropose;
+        QString extension;
+    };
+
     const QList<Echange>& echanges() const { return m_echanges; }
+    const QList<Panneau>& panneaux() const { return m_panneaux; }
     void repondre(const QStringList& reponses) { m_reponses = reponses; }
+    void choisirChemins(const QStringList& chemins) { m_chemins = chemins; }
 
 private:
     QStringList m_reponses;
+    QStringList m_chemins;
+    QList<Panneau> m_panneaux;
     QList<Echange> m_echanges;
 };
 

@@ -285,6 +285,38 @@ private slots:
         QCOMPARE(QFileInfo(chemin).size(), 0);
     }
 
+    void sauvegarder()
+    {
+        const QString chemin = nouveau("a-sauver.cv4");
+        const QString copie = m_dossier.filePath("copie de sûreté.cv4");
+        ResultatCli r = lancerCli({"--aujourdhui", "2025-01-02", "--json", "sauvegarder", chemin, copie});
+        QCOMPARE(r.code, 0);
+        QCOMPARE(json(r), (QJsonObject{{"copie", copie}, {"date", "2025-01-02"}}));
+        QCOMPARE(Fichiers().checkVersion(copie), QStringLiteral("4"));
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(chemin));
+        QCOMPARE(base.texte("SELECT fs_date FROM fichiersauvegardes WHERE fs_id = 1;"),
+                 QStringLiteral("2025-01-02 00:00:00.000"));
+        base.fermer();
+
+        const QByteArray avant = empreinte(chemin);
+        r = lancerCli({"sauvegarder", chemin, m_dossier.filePath("absent/copie.cv4")});
+        QCOMPARE(r.code, 1);
+        QVERIFY2(r.erreurs.contains(QStringLiteral("n'a pas pu être effectuée")), qPrintable(r.erreurs));
+        QCOMPARE(empreinte(chemin), avant);
+
+        r = lancerCli({"sauvegarder", chemin, chemin});
+        QCOMPARE(r.code, 1);
+        QCOMPARE(empreinte(chemin), avant);
+
+        const QString protege = nouveau("a-sauver-protege.cv4", {"--mot-de-passe", "m"});
+        r = lancerCli({"sauvegarder", protege, m_dossier.filePath("copie-protegee.cv4")});
+        QCOMPARE(r.code, 1);
+        QVERIFY(!QFileInfo::exists(m_dossier.filePath("copie-protegee.cv4")));
+        r = lancerCli({"--mot-de-passe", "m", "sauvegarder", protege, m_dossier.filePath("copie-protegee.cv4")});
+        QCOMPARE(r.code, 0);
+    }
+
     void usage_data()
     {
         QTest::addColumn<QStringList>("arguments");

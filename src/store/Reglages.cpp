@@ -1,0 +1,127 @@
+#include "store/Reglages.h"
+
+#include <QStandardPaths>
+
+namespace corvane {
+
+namespace {
+
+struct Definition
+{
+    Reglages::Cle cle;
+    const char* nom;
+    QVariant defaut;
+};
+
+// Colours are kept as "#rrggbb" texts.
+const QList<Definition>& definitions()
+{
+    using C = Reglages::Cle;
+    static const QList<Definition> table{
+        {C::Launches, "Launches", 0},
+        {C::FichiersRoot, "Fichiers_Root", QString()},
+        {C::FichiersRootPath, "Fichiers_RootPath", 0},
+        {C::FichierPath, "fichierPath", QString()},
+        {C::PrefsDemarrage, "prefsDemarrage", 1},
+        {C::PrefsStockage, "prefsStockage", QString()},
+        {C::OpenLastTab, "OpenLastTab", true},
+        {C::LastTabUsed, "LastTabUsed", 0},
+        {C::ShowAssistant, "ShowAssistant", 0},
+        {C::AlerteActualisationDebut, "Configuration_AlerteActualisationDebut", 28},
+        {C::AlerteActualisationFin, "Configuration_AlerteActualisationFin", 7},
+        {C::FichierSauvegardeJours, "Configuration_FichierSauvegardeJours", 30},
+        {C::FichierSauvegardeAuto, "Configuration_FichierSauvegardeAuto", true},
+        {C::FichierSauvegardeNom, "Configuration_FichierSauvegardeNom", true},
+        {C::FichierSauvegardeDate, "Configuration_FichierSauvegardeDate", true},
+        {C::FichierSauvegardePrefixe, "Configuration_FichierSauvegardePrefixe", true},
+        {C::SaveDateFormat, "SaveDateFormat", 0},
+        {C::ActiverAlertes, "Configuration_ActiverAlertes", true},
+        {C::ContractsAlertRate, "ContractsAlertRate", 0},
+        {C::EquilibrerColonnes, "Prefs_Equilibrer_Colonnes", false},
+        {C::ContratsMemoriserEmployeurParDefaut, "Prefs_ContratsMemoriserEmployeurParDefaut", true},
+        {C::DeleteAlerts, "Preferences_DeleteAlerts", true},
+        {C::ProfilLimiteAge, "profilLimiteAge", 60},
+        {C::ContratsSens, "Contrats_Sens", QStringLiteral("ASC")},
+        {C::TdbSens, "TDB_Sens", QStringLiteral("ASC")},
+        {C::ContratsImpressionsListe, "Contrats_ImpressionsListe", true},
+        {C::TdbImpressionsCompteRendu, "TDB_ImpressionsCompteRendu", true},
+        {C::CouleursContratsGroupes, "couleursContratsGroupes", QStringLiteral("#3465a4")},
+        {C::CouleursMontantsNegatifs, "couleursMontantsNegatifs", QStringLiteral("#800080")},
+        {C::CouleursSecuriteSocialeTdb, "couleursSecuriteSocialeTDB", QStringLiteral("#800080")},
+        {C::CouleursRegimeGeneral, "couleursRegimeGeneral", QStringLiteral("#800080")},
+        {C::CouleursAutoEntrepreneur, "couleursAutoEntrepreneur", QStringLiteral("#800080")},
+        {C::Apparence, "Apparence", QStringLiteral("systeme")},
+        {C::Files, "Files", QStringList()},
+        {C::FilesLastPath, "filesLastPath", QString()},
+    };
+    return table;
+}
+
+const Definition& definition(Reglages::Cle cle)
+{
+    for (const Definition& d : definitions())
+        if (d.cle == cle)
+            return d;
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+Reglages::Reglages() : m_settings(std::make_unique<QSettings>(QStringLiteral("Corvane"), QStringLiteral("Corvane")))
+{
+}
+
+Reglages::Reglages(const QString& fichierIni) : m_settings(std::make_unique<QSettings>(fichierIni, QSettings::IniFormat))
+{
+}
+
+QString Reglages::nom(Cle cle)
+{
+    return QString::fromLatin1(definition(cle).nom);
+}
+
+QVariant Reglages::defaut(Cle cle)
+{
+    return definition(cle).defaut;
+}
+
+QVariant Reglages::valeur(Cle cle) const
+{
+    const Definition& d = definition(cle);
+    const QVariant lue = m_settings->value(QString::fromLatin1(d.nom), d.defaut);
+    // An INI file gives back a one-element list as text.
+    if (d.defaut.typeId() == QMetaType::QStringList && lue.typeId() == QMetaType::QString)
+        return lue.toString().isEmpty() ? QStringList() : QStringList{lue.toString()};
+    return lue;
+}
+
+void Reglages::ecrire(Cle cle, const QVariant& valeur)
+{
+    m_settings->setValue(nom(cle), valeur);
+}
+
+bool Reglages::contient(Cle cle) const
+{
+    return m_settings->contains(nom(cle));
+}
+
+void Reglages::retirer(Cle cle)
+{
+    m_settings->remove(nom(cle));
+}
+
+void Reglages::enregistrerDefauts()
+{
+    for (const Definition& d : definitions())
+        if (!m_settings->contains(QString::fromLatin1(d.nom)))
+            m_settings->setValue(QString::fromLatin1(d.nom), d.defaut);
+    for (const char* obsolete : {"verifsMajEnLigne", "SMTP_Serveur", "SMTP_Port"})
+        m_settings->remove(QString::fromLatin1(obsolete));
+}
+
+void Reglages::synchroniser()
+{
+    m_settings->sync();
+}
+
+} // namespace corvane

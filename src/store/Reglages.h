@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <memory>
+
+namespace corvane {
+
+// The per-user settings, with their defaults in one table. The program uses the
+// user's settings store; tests use a temporary INI file.
+class Reglages
+{
+public:
+    enum class Cle
+    {
+        Launches,
+        FichiersRoot,
+        FichiersRootPath,
+        FichierPath,
+        PrefsDemarrage,
+        PrefsStockage,
+        OpenLastTab,
+        LastTabUsed,
+        ShowAssistant,
+        AlerteActualisationDebut,
+        AlerteActualisationFin,
+        FichierSauvegardeJours,
+        FichierSauvegardeAuto,
+        FichierSauvegardeNom,
+        FichierSauvegardeDate,
+        FichierSauvegardePrefixe,
+        SaveDateFormat,
+        ActiverAlertes,
+        ContractsAlertRate,
+        EquilibrerColonnes,
+        ContratsMemoriserEmployeurParDefaut,
+        DeleteAlerts,
+        ProfilLimiteAge,
+        ContratsSens,
+        TdbSens,
+        ContratsImpressionsListe,
+        TdbImpressionsCompteRendu,
+        CouleursContratsGroupes,
+        CouleursMontantsNegatifs,
+        CouleursSecuriteSocialeTdb,
+        CouleursRegimeGeneral,
+        CouleursAutoEntrepreneur,
+        Apparence,
+        Files,
+        FilesLastPath,
+    };
+
+    // The user's own settings store.
+    Reglages();
+    // An INI file (tests, or a portable installation).
+    explicit Reglages(const QString& fichierIni);
+
+    static QString nom(Cle cle);
+    static QVariant defaut(Cle cle);
+
+    QVariant valeur(Cle cle) const;
+    bool booleen(Cle cle) const { return valeur(cle).toBool(); }
+    int entier(Cle cle) const { return valeur(cle).toInt(); }
+    QString texte(Cle cle) const { return valeur(cle).toString(); }
+    QStringList liste(Cle cle) const { return valeur(cle).toStringList(); }
+    void ecrire(Cle cle, const QVariant& valeur);
+    bool contient(Cle cle) const;
+    void retirer(Cle cle);
+
+    // Gives every key that has no value yet its default, and forgets obsolete keys.
+    void enregistrerDefauts();
+    // Writes pending changes to disk now.
+    void synchroniser();
+
+    QSettings& stockage() { return *m_settings; }
+
+private:
+    std::unique_ptr<QSettings> m_settings;
+};
+
+} // namespace corvane
