@@ -8,6 +8,7 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeNouveau());
     liste.push_back(commandeInfo());
     liste.push_back(commandeOuvrir());
+    liste.push_back(commandeSauvegarder());
     return liste;
 }
 

@@ -8,6 +8,7 @@ namespace corvane::cli {
 std::unique_ptr<Commande> commandeNouveau();
 std::unique_ptr<Commande> commandeInfo();
 std::unique_ptr<Commande> commandeOuvrir();
+std::unique_ptr<Commande> commandeSauvegarder();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();
