@@ -9,6 +9,9 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeInfo());
     liste.push_back(commandeOuvrir());
     liste.push_back(commandeSauvegarder());
+    liste.push_back(commandeParametres());
+    liste.push_back(commandeBaremeKm());
+    liste.push_back(commandeChargesAe());
     return liste;
 }
 

@@ -9,6 +9,9 @@ std::unique_ptr<Commande> commandeNouveau();
 std::unique_ptr<Commande> commandeInfo();
 std::unique_ptr<Commande> commandeOuvrir();
 std::unique_ptr<Commande> commandeSauvegarder();
+std::unique_ptr<Commande> commandeParametres();
+std::unique_ptr<Commande> commandeBaremeKm();
+std::unique_ptr<Commande> commandeChargesAe();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();

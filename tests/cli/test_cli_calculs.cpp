@@ -1,0 +1,397 @@
+// corvane-cli run as a process: the reference values and the calculators
+// (parametres, bareme-km, charges-ae), their JSON and their refusals.
+
+#include "store/BaseDeDonnees.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace corvane;
+
+namespace {
+
+struct Resultat
+{
+    int code = -1;
+    QByteArray sortie;
+    QByteArray erreurs;
+};
+
+Resultat lancer(const QStringList& arguments)
+{
+    QProcess processus;
+    processus.start(QStringLiteral(CORVANE_CLI_EXE), arguments);
+    Resultat resultat;
+    if (!processus.waitForFinished(30000)) {
+        processus.kill();
+        processus.waitForFinished();
+        return resultat;
+    }
+    resultat.code = processus.exitStatus() == QProcess::NormalExit ? processus.exitCode() : -1;
+    resultat.sortie = processus.readAllStandardOutput();
+    resultat.erreurs = processus.readAllStandardError();
+    return resultat;
+}
+
+QJsonObject lireJson(const Resultat& resultat)
+{
+    QJsonParseError erreur;
+    const QJsonDocument document = QJsonDocument::fromJson(resultat.sortie, &erreur);
+    if (erreur.error != QJsonParseError::NoError || !document.isObject())
+        qWarning() << "JSON illisible :" << erreur.errorString() << resultat.sortie << resultat.erreurs;
+    return document.object();
+}
+
+// A JSON number, never a string.
+double nombre(const QJsonObject& objet, const QString& cle)
+{
+    const QJsonValue valeur = objet.value(cle);
+    if (!valeur.isDouble())
+        qWarning() << "pas un nombre :" << cle << valeur;
+    return valeur.isDouble() ? valeur.toDouble() : qQNaN();
+}
+
+// The French format separates with non-breaking spaces; compare with plain ones.
+QString texteNormalise(const QByteArray& sortie)
+{
+    QString texte = QString::fromUtf8(sortie);
+    texte.replace(QChar(0x00A0), QLatin1Char(' '));
+    texte.replace(QChar(0x202F), QLatin1Char(' '));
+    return texte;
+}
+
+QByteArray empreinte(const QString& chemin)
+{
+    QFile f(chemin);
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
+}
+
+} // namespace
+
+class TestCliCalculs : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+
+    // A new document made by the program itself, with the vehicle set in its profile.
+    QString documentAvecVehicule(const QString& nom, int type, int puissance, const QStringList& options = {})
+    {
+        const QString chemin = m_dossier.filePath(nom);
+        const Resultat r = lancer(QStringList{"--json", "nouveau", chemin, "--nom", "Martin", "--prenom", "Léa",
+                                              "--emploi", "Technicien", "--ouverture", "2014-02-01"} +
+                                  options);
+        if (r.code != 0)
+            qWarning() << r.erreurs;
+        BaseDeDonnees base;
+        if (base.ouvrir(chemin))
+            base.executer("UPDATE utilisateur SET u_vehicule_type = ?, u_vehicule_puissance = ? WHERE u_id = 1;",
+                          {type, puissance});
+        return chemin;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dossier.isValid());
+        QVERIFY(QFile::exists(QStringLiteral(CORVANE_CLI_EXE)));
+    }
+
+    void aideListeLesCommandes()
+    {
+        const Resultat r = lancer({"--aide"});
+        QCOMPARE(r.code, 0);
+        for (const char* commande : {"parametres", "bareme-km", "charges-ae"})
+            QVERIFY2(r.sortie.contains(commande), commande);
+    }
+
+    // Each value at switch dates, summer ones included, with the rule set of a last contract ending that day.
+    void parametres_data()
+    {
+        QTest::addColumn<QString>("date");
+        QTest::addColumn<double>("smicIntermittent");
+        QTest::addColumn<double>("smicFunctions");
+        QTest::addColumn<double>("csgCrds");
+        QTest::addColumn<double>("alsaceMoselle");
+        QTest::addColumn<double>("plafondAllocation");
+        QTest::addColumn<QString>("protocole");
+        QTest::newRow("1999-05-05") << "1999-05-05" << 7.61 << 7.61 << 42.0 << 1.8 << 121.33 << "06_2003";
+        QTest::newRow("veille : 2005-06-30") << "2005-06-30" << 7.61 << 7.61 << 42.0 << 1.8 << 121.33 << "06_2003";
+        QTest::newRow("bascule d'été : 2005-07-01")
+            << "2005-07-01" << 8.03 << 8.03 << 42.0 << 1.8 << 121.33 << "06_2003";
+        QTest::newRow("veille : 2007-03-31") << "2007-03-31" << 8.27 << 8.27 << 42.0 << 1.8 << 121.33 << "06_2003";
+        QTest::newRow("bascule d'été : 2007-04-01")
+            << "2007-04-01" << 8.27 << 8.27 << 42.0 << 1.8 << 121.33 << "04_2007";
+        QTest::newRow("veille : 2007-06-30") << "2007-06-30" << 8.27 << 8.27 << 42.0 << 1.8 << 121.33 << "04_2007";
+        QTest::newRow("bascule d'été : 2007-07-01")
+            << "2007-07-01" << 8.44 << 8.44 << 43.0 << 1.8 << 121.33 << "04_2007";
+        QTest::newRow("veille : 2011-12-31") << "2011-12-31" << 9.19 << 9.19 << 45.0 << 1.8 << 133.27 << "04_2007";
+        QTest::newRow("bascule : 2012-01-01") << "2012-01-01" << 9.22 << 9.22 << 47.0 << 1.5 << 133.27 << "04_2007";
+        QTest::newRow("veille : 2012-06-30") << "2012-06-30" << 9.22 << 9.22 << 47.0 << 1.5 << 133.27 << "04_2007";
+        QTest::newRow("bascule d'été : 2012-07-01")
+            << "2012-07-01" << 9.40 << 9.40 << 47.0 << 1.5 << 137.12 << "04_2007";
+        QTest::newRow("2015-03-01") << "2015-03-01" << 9.61 << 9.61 << 49.0 << 1.5 << 137.12 << "04_2007";
+        QTest::newRow("2016-06-15") << "2016-06-15" << 9.61 << 9.67 << 49.0 << 1.5 << 137.12 << "04_2007";
+        QTest::newRow("veille : 2016-07-31") << "2016-07-31" << 9.61 << 9.67 << 49.0 << 1.5 << 137.12 << "04_2007";
+        QTest::newRow("bascule d'été : 2016-08-01")
+            << "2016-08-01" << 9.61 << 9.67 << 49.0 << 1.5 << 137.12 << "08_2016";
+        QTest::newRow("2021-03-01") << "2021-03-01" << 10.15 << 9.76 << 49.0 << 1.5 << 137.12 << "08_2016";
+    }
+    void parametres()
+    {
+        QFETCH(QString, date);
+        QFETCH(double, smicIntermittent);
+        QFETCH(double, smicFunctions);
+        QFETCH(double, csgCrds);
+        QFETCH(double, alsaceMoselle);
+        QFETCH(double, plafondAllocation);
+        QFETCH(QString, protocole);
+        const Resultat r = lancer({"--json", "parametres", "--date", date});
+        QCOMPARE(r.code, 0);
+        QVERIFY(r.erreurs.isEmpty());
+        const QJsonObject objet = lireJson(r);
+        QCOMPARE(objet.value("date").toString(), date);
+        const QJsonObject smic = objet.value("smicHoraireEnCours").toObject();
+        QCOMPARE(nombre(smic, "Intermittent"), smicIntermittent);
+        QCOMPARE(nombre(smic, "Functions"), smicFunctions);
+        QCOMPARE(nombre(objet, "CsgCrdsPlafondEnCours"), csgCrds);
+        QCOMPARE(nombre(objet, "supplementAlsaceMoselle"), alsaceMoselle);
+        QCOMPARE(nombre(objet, "plafondAllocationJournaliereEnCours"), plafondAllocation);
+        QCOMPARE(nombre(objet, "plafondSecuriteSocialePour"), 3269.0);
+        QCOMPARE(nombre(objet, "heuresMinimumARealiser"), 507.0);
+        QCOMPARE(objet.value("protocoleAccord").toString(), protocole);
+        QCOMPARE(objet.size(), 8);
+    }
+
+    void parametresSansDatePrendAujourdhui()
+    {
+        const Resultat r = lancer({"--aujourdhui", "2016-08-01", "--json", "parametres"});
+        QCOMPARE(r.code, 0);
+        const QJsonObject objet = lireJson(r);
+        QCOMPARE(objet.value("date").toString(), QStringLiteral("2016-08-01"));
+        QCOMPARE(objet.value("protocoleAccord").toString(), QStringLiteral("08_2016"));
+    }
+
+    void parametresEnTexte()
+    {
+        const Resultat r = lancer({"parametres", "--date", "2016-06-15"});
+        QCOMPARE(r.code, 0);
+        const QString texte = texteNormalise(r.sortie);
+        QVERIFY2(texte.contains("15/06/2016"), qPrintable(texte));
+        QVERIFY2(texte.contains("9,61 €"), qPrintable(texte));
+        QVERIFY2(texte.contains("9,67 €"), qPrintable(texte));
+        QVERIFY2(texte.contains("04_2007"), qPrintable(texte));
+    }
+
+    void mauvaisUsage_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("parametres : date mal écrite") << QStringList{"parametres", "--date", "01/08/2016"};
+        QTest::newRow("parametres : date impossible") << QStringList{"parametres", "--date", "2016-02-30"};
+        QTest::newRow("parametres : option inconnue") << QStringList{"parametres", "--jour", "2016-08-01"};
+        QTest::newRow("parametres : argument en trop") << QStringList{"parametres", "2016-08-01"};
+        QTest::newRow("bareme-km : véhicule et fichier") << QStringList{
+            "bareme-km", "--annee", "2014", "--km", "10", "--vehicule", "1", "--puissance", "4", "--fichier", "x.cv4"};
+        QTest::newRow("bareme-km : ni véhicule ni fichier")
+            << QStringList{"bareme-km", "--annee", "2014", "--km", "10"};
+        QTest::newRow("bareme-km : véhicule sans puissance")
+            << QStringList{"bareme-km", "--annee", "2014", "--km", "10", "--vehicule", "1"};
+        QTest::newRow("bareme-km : puissance sans véhicule")
+            << QStringList{"bareme-km", "--annee", "2014", "--km", "10", "--puissance", "1"};
+        QTest::newRow("bareme-km : sans année")
+            << QStringList{"bareme-km", "--km", "10", "--vehicule", "1", "--puissance", "4"};
+        QTest::newRow("bareme-km : sans distance")
+            << QStringList{"bareme-km", "--annee", "2014", "--vehicule", "1", "--puissance", "4"};
+        QTest::newRow("bareme-km : distance illisible")
+            << QStringList{"bareme-km", "--annee", "2014", "--km", "dix", "--vehicule", "1", "--puissance", "4"};
+        QTest::newRow("bareme-km : année illisible")
+            << QStringList{"bareme-km", "--annee", "2014.5", "--km", "10", "--vehicule", "1", "--puissance", "4"};
+        QTest::newRow("bareme-km : véhicule illisible")
+            << QStringList{"bareme-km", "--annee", "2014", "--km", "10", "--vehicule", "voiture", "--puissance", "4"};
+        QTest::newRow("charges-ae : sans année") << QStringList{"charges-ae", "--ventes", "1000"};
+        QTest::newRow("charges-ae : montant illisible")
+            << QStringList{"charges-ae", "--annee", "2016", "--ventes", "mille"};
+        QTest::newRow("charges-ae : drapeau avec valeur") << QStringList{"charges-ae", "--annee", "2016", "--alsace=1"};
+        QTest::newRow("charges-ae : catégorie illisible")
+            << QStringList{"charges-ae", "--annee", "2016", "--categorie", "artisan"};
+        QTest::newRow("charges-ae : option inconnue") << QStringList{"charges-ae", "--annee", "2016", "--bnc", "10"};
+    }
+    void mauvaisUsage()
+    {
+        QFETCH(QStringList, arguments);
+        const Resultat r = lancer(QStringList{"--json"} + arguments);
+        QCOMPARE(r.code, 2);
+        QVERIFY(r.sortie.isEmpty());
+        QVERIFY2(r.erreurs.startsWith("corvane-cli: "), r.erreurs.constData());
+    }
+
+    void baremeKm_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<double>("montant");
+        auto ligne = [](const char* nom, const QString& annee, const QString& km, const QString& vehicule,
+                        const QString& puissance, double montant) {
+            QTest::newRow(nom) << QStringList{"--annee",    annee,    "--km",        km,
+                                              "--vehicule", vehicule, "--puissance", puissance}
+                               << montant;
+        };
+        ligne("voiture 4, 5000 km en 2014", "2014", "5000", "1", "4", 2465.0);
+        ligne("voiture 4, 5000,5 km en 2014 : l'écart", "2014", "5000,5", "1", "4", 0.0);
+        ligne("voiture 4, « 5 001 » km en 2014", "2014", "5 001", "1", "4", 0.277 * 5001 + 1082);
+        ligne("voiture 4, 20001 km en 2014", "2014", "20001", "1", "4", 0.333 * 20001);
+        ligne("moto 0, 4000 km en 2014", "2014", "4000", "2", "0", 378.0);
+        ligne("moto 0, 4000 km en 2015", "2015", "4000", "2", "0", 378.0);
+        ligne("moto 0, 4000 km en 2013", "2013", "4000", "2", "0", 1264.0);
+        ligne("cyclomoteur, 1000.5 km en 2012", "2012", "1000.5", "3", "0", 0.266 * 1000.5);
+        ligne("type inconnu", "2014", "1000", "4", "0", 0.0);
+        ligne("puissance inconnue", "2014", "1000", "1", "8", 0.0);
+        ligne("2016 : pas de barème", "2016", "1000", "1", "4", 0.0);
+        ligne("2011 : pas de barème", "2011", "1000", "1", "4", 0.0);
+    }
+    void baremeKm()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(double, montant);
+        const Resultat r = lancer(QStringList{"--json", "bareme-km"} + arguments);
+        QCOMPARE(r.code, 0);
+        const QJsonObject objet = lireJson(r);
+        QCOMPARE(objet.size(), 1);
+        QCOMPARE(nombre(objet, "montant"), montant);
+    }
+
+    void baremeKmDepuisLeDocument()
+    {
+        const QString chemin = documentAvecVehicule("moto.cv4", 2, 0);
+        const QByteArray avant = empreinte(chemin);
+        for (const auto& [annee, attendu] :
+             QList<QPair<QString, double>>{{"2013", 1264.0}, {"2014", 378.0}, {"2015", 378.0}, {"2016", 0.0}}) {
+            const Resultat r = lancer({"--json", "bareme-km", "--annee", annee, "--km", "4000", "--fichier", chemin});
+            QCOMPARE(r.code, 0);
+            QCOMPARE(nombre(lireJson(r), "montant"), attendu);
+        }
+        QCOMPARE(empreinte(chemin), avant);
+    }
+
+    void baremeKmDocumentProtege()
+    {
+        const QString chemin = documentAvecVehicule("protege.cv4", 1, 4, {"--mot-de-passe", "s3cret"});
+        const QStringList arguments{"--json", "bareme-km", "--annee", "2014", "--km", "5000", "--fichier", chemin};
+        Resultat r = lancer(arguments);
+        QCOMPARE(r.code, 1);
+        QVERIFY(r.sortie.isEmpty());
+        QVERIFY(r.erreurs.contains("mot de passe"));
+        r = lancer(arguments + QStringList{"--mot-de-passe", "faux"});
+        QCOMPARE(r.code, 1);
+        r = lancer(arguments + QStringList{"--mot-de-passe", "s3cret"});
+        QCOMPARE(r.code, 0);
+        QCOMPARE(nombre(lireJson(r), "montant"), 2465.0);
+    }
+
+    // Refused with a French message, and nothing is created or written.
+    void baremeKmFichierRefuse_data()
+    {
+        QTest::addColumn<QString>("nature");
+        QTest::newRow("absent") << "absent";
+        QTest::newRow("texte") << "texte";
+        QTest::newRow("vide de tables") << "sqlite-vide";
+        QTest::newRow("dossier") << "dossier";
+    }
+    void baremeKmFichierRefuse()
+    {
+        QFETCH(QString, nature);
+        const QString chemin = m_dossier.filePath("refuse-" + nature);
+        if (nature == "texte") {
+            QFile f(chemin);
+            QVERIFY(f.open(QIODevice::WriteOnly));
+            f.write("Ceci n'est pas un document Corvane, seulement du texte.\n");
+        } else if (nature == "dossier") {
+            QVERIFY(QDir().mkpath(chemin));
+        } else if (nature == "sqlite-vide") {
+            BaseDeDonnees base;
+            QVERIFY(base.creer(chemin));
+        }
+        const bool existait = QFile::exists(chemin);
+        const QByteArray avant = empreinte(chemin);
+        const Resultat r = lancer({"--json", "bareme-km", "--annee", "2014", "--km", "1000", "--fichier", chemin});
+        QCOMPARE(r.code, 1);
+        QVERIFY(r.sortie.isEmpty());
+        QVERIFY2(r.erreurs.startsWith("corvane-cli: "), r.erreurs.constData());
+        QCOMPARE(QFile::exists(chemin), existait);
+        QCOMPARE(empreinte(chemin), avant);
+    }
+
+    void baremeKmEnTexte()
+    {
+        const Resultat r =
+            lancer({"bareme-km", "--annee", "2014", "--km", "5000", "--vehicule", "1", "--puissance", "4"});
+        QCOMPARE(r.code, 0);
+        QVERIFY2(texteNormalise(r.sortie).contains("2 465,00 €"), r.sortie.constData());
+    }
+
+    void chargesAe_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QList<double>>("taux"); // ventes, BIC, BNC, CFE, chambre
+        QTest::addColumn<double>("charges");
+        QTest::newRow("2016, libératoire, Alsace, catégorie 2, activité 2")
+            << QStringList{"--annee",       "2016",     "--ventes",    "10 000", "--services-bic", "5000",
+                           "--liberatoire", "--alsace", "--categorie", "2",      "--activite",     "2"}
+            << QList<double>{14.4, 24.8, 25.3, 0.17, 0.65} << 2803.0;
+        QTest::newRow("2012 : la ligne d'avant 2013")
+            << QStringList{"--annee", "2012", "--ventes", "1000", "--services-bic", "1000", "--services-bnc", "1000"}
+            << QList<double>{12.0, 21.3, 21.3, 0.0, 0.0} << 546.0;
+        QTest::newRow("2013") << QStringList{"--annee", "2013"} << QList<double>{14.0, 24.6, 24.6, 0.0, 0.0} << 0.0;
+        QTest::newRow("2014") << QStringList{"--annee", "2014"} << QList<double>{14.1, 24.6, 24.6, 0.0, 0.0} << 0.0;
+        QTest::newRow("2015, montant à virgule") << QStringList{"--annee", "2015", "--services-bnc", "1 000,50"}
+                                                 << QList<double>{13.3, 22.9, 22.9, 0.0, 0.0} << 1000.5 * 22.9 / 100;
+        QTest::newRow("Moselle et Alsace : la Moselle l'emporte")
+            << QStringList{"--annee", "2017",       "--alsace", "--moselle", "--categorie",
+                           "2",       "--activite", "4",        "--ventes",  "1000"}
+            << QList<double>{13.4, 23.1, 23.1, 0.17, 0.37} << 1000 * 13.4 / 100 + 1000 * 0.17 / 100 + 1000 * 0.37 / 100;
+        QTest::newRow("catégorie 1, activité 5")
+            << QStringList{"--annee", "2016", "--categorie", "1", "--activite", "5"}
+            << QList<double>{13.4, 23.1, 23.1, 0.1, 0.007} << 0.0;
+        QTest::newRow("catégorie 3, activité 3")
+            << QStringList{"--annee", "2016", "--categorie", "3", "--activite", "3"}
+            << QList<double>{13.4, 23.1, 23.1, 0.2, 0.015} << 0.0;
+        QTest::newRow("catégorie et activité inconnues")
+            << QStringList{"--annee", "2016", "--categorie", "7", "--activite", "0"}
+            << QList<double>{13.4, 23.1, 23.1, 0.0, 0.0} << 0.0;
+    }
+    void chargesAe()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QList<double>, taux);
+        QFETCH(double, charges);
+        const Resultat r = lancer(QStringList{"--json", "charges-ae"} + arguments);
+        QCOMPARE(r.code, 0);
+        const QJsonObject objet = lireJson(r);
+        QCOMPARE(objet.size(), 6);
+        QCOMPARE(nombre(objet, "tauxChargesVentes"), taux[0]);
+        QCOMPARE(nombre(objet, "tauxChargesServicesBIC"), taux[1]);
+        QCOMPARE(nombre(objet, "tauxChargesServicesBNC"), taux[2]);
+        QCOMPARE(nombre(objet, "tauxCFE"), taux[3]);
+        QCOMPARE(nombre(objet, "tauxFraisDeChambre"), taux[4]);
+        QCOMPARE(nombre(objet, "charges"), charges);
+    }
+
+    void chargesAeEnTexte()
+    {
+        const Resultat r = lancer({"charges-ae", "--annee", "2016", "--ventes", "10000", "--services-bic", "5000",
+                                   "--liberatoire", "--alsace", "--categorie", "2", "--activite", "2"});
+        QCOMPARE(r.code, 0);
+        QVERIFY2(texteNormalise(r.sortie).contains("2 803,00 €"), r.sortie.constData());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCliCalculs)
+#include "test_cli_calculs.moc"
