@@ -4,8 +4,9 @@ BUILD_TYPE ?= RelWithDebInfo
 CMAKE_FLAGS ?=
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DOCUMENT ?=
+FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build run test bench format screenshots clean
+.PHONY: all deps configure build run test bench format screenshots clean fuzz
 
 all: build
 
@@ -27,6 +28,15 @@ test: build
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
+
+# Fuzzes the CSV codec for FUZZ_SECONDS (clang's libFuzzer + AddressSanitizer); not part of `make test`.
+# fuzz/corpus holds the seeds; the inputs found go to $(BUILD_DIR)-fuzz/corpus, a crash to $(BUILD_DIR)-fuzz/.
+fuzz: deps
+	@cmake -S fuzz -B $(BUILD_DIR)-fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ >/dev/null
+	@cmake --build $(BUILD_DIR)-fuzz -j $(JOBS)
+	@mkdir -p $(BUILD_DIR)-fuzz/corpus
+	@$(BUILD_DIR)-fuzz/fuzz_csv -max_total_time=$(FUZZ_SECONDS) -timeout=10 -dict=fuzz/csv.dict \
+		-artifact_prefix=$(BUILD_DIR)-fuzz/ $(BUILD_DIR)-fuzz/corpus fuzz/corpus
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
