@@ -1,5 +1,7 @@
 #include "app/DialoguesQt.h"
 
+#include <QDir>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -21,6 +23,14 @@ void DialoguesQt::information(const QString& titre, const QString& message, cons
     QMessageBox boite(QMessageBox::Information, titre, message, QMessageBox::NoButton, m_parent);
     boite.addButton(bouton, QMessageBox::AcceptRole);
     boite.exec();
+}
+
+QString DialoguesQt::choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
+                                                const QString& extension)
+{
+    return QFileDialog::getSaveFileName(m_parent, titre,
+                                        QDir(dossier).filePath(nomPropose + QLatin1Char('.') + extension),
+                                        QStringLiteral("Fichiers Corvane (*.%1)").arg(extension));
 }
 
 } // namespace corvane::app

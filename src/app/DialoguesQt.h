@@ -13,6 +13,8 @@ public:
     explicit DialoguesQt(QWidget* parent) : m_parent(parent) {}
     QString question(const QString& titre, const QString& message, const QStringList& boutons) override;
     void information(const QString& titre, const QString& message, const QString& bouton) override;
+    QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
+                                       const QString& extension) override;
 
 private:
     QWidget* m_parent;

@@ -1,36 +1,179 @@
 #include "app/FenetrePrincipale.h"
 
-#include "app/DialoguesQt.h"
-#include "store/Fichiers.h"
+#include "app/SectionFichiers.h"
+#include "app/SectionVerrou.h"
 
+#include <QCloseEvent>
 #include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QToolBar>
+#include <QToolButton>
 
 namespace corvane::app {
 
 FenetrePrincipale::FenetrePrincipale(QWidget* parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("fenetrePrincipale"));
-    resize(1100, 720);
-    m_dialogues = std::make_unique<DialoguesQt>(this);
-    majTitre();
-}
+    resize(1180, 760);
 
-bool FenetrePrincipale::ouvrirDocument(const QString& chemin)
-{
-    Fichiers fichiers;
-    const QString ouvert = fichiers.ouvertureSQLite(QFileInfo(chemin).absoluteFilePath(), m_document, *m_dialogues);
-    if (!fichiers.erreur().isEmpty()) {
-        m_dialogues->information(QStringLiteral("Ouverture de fichier"), fichiers.erreur(), QStringLiteral("Fermer"));
-        return false;
+    m_navigation = new QListWidget(this);
+    m_navigation->setObjectName(QStringLiteral("navigation"));
+    m_navigation->setFixedWidth(190);
+    m_navigation->setSpacing(2);
+    m_navigation->setStyleSheet(QStringLiteral("QListWidget#navigation::item { padding-left: 12px; }"));
+    m_pile = new QStackedWidget(this);
+    m_pile->setObjectName(QStringLiteral("sections"));
+
+    for (const DescriptionSection& d : sectionsNavigation()) {
+        auto* element = new QListWidgetItem(d.titre, m_navigation);
+        element->setData(Qt::UserRole, int(d.section));
+        element->setSizeHint(QSize(0, 34));
+        PageSection* p = nullptr;
+        if (d.section == Section::Fichiers)
+            p = m_fichiers = new SectionFichiers(this);
+        else
+            p = new PageAVenir(d.section, this);
+        m_pages << p;
+        m_pile->addWidget(p);
     }
-    m_document = ouvert;
-    majTitre();
-    return !ouvert.isEmpty();
+    m_verrou = new SectionVerrou(this);
+    m_pages << m_verrou;
+    m_pile->addWidget(m_verrou);
+
+    connect(m_navigation, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* element) { emit sectionDemandee(Section(element->data(Qt::UserRole).toInt())); });
+
+    auto* centre = new QWidget(this);
+    auto* mise = new QHBoxLayout(centre);
+    mise->setContentsMargins(0, 0, 0, 0);
+    mise->setSpacing(0);
+    mise->addWidget(m_navigation);
+    mise->addWidget(m_pile, 1);
+    setCentralWidget(centre);
+
+    construireBarreOutils();
+    setTitreDocument(QString());
 }
 
-void FenetrePrincipale::majTitre()
+void FenetrePrincipale::construireBarreOutils()
 {
-    setWindowTitle(m_document.isEmpty() ? QStringLiteral("Aucun fichier ouvert...") : QFileInfo(m_document).fileName());
+    auto* barre = addToolBar(QStringLiteral("Barre d'outils"));
+    barre->setObjectName(QStringLiteral("barreOutils"));
+    barre->setMovable(false);
+    barre->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+
+    auto* espace = new QWidget(barre);
+    espace->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    barre->addWidget(espace);
+
+    m_boutonAlertes = new QToolButton(barre);
+    m_boutonAlertes->setObjectName(QStringLiteral("boutonAlertes"));
+    m_boutonAlertes->setText(QStringLiteral("Alertes"));
+    m_boutonAlertes->setIcon(QIcon::fromTheme(QStringLiteral("dialog-information")));
+    m_boutonAlertes->setPopupMode(QToolButton::InstantPopup);
+    auto* menu = new QMenu(m_boutonAlertes);
+    const QStringList libelles{QStringLiteral("Actualisation mensuelle à effectuer"),
+                               QStringLiteral("Déclaration de revenus à remplir"),
+                               QStringLiteral("Copie de sauvegarde conseillée"), QStringLiteral("Contrats non payés")};
+    for (int i = 0; i < libelles.size(); ++i) {
+        QAction* action = menu->addAction(libelles[i]);
+        action->setEnabled(false);
+        connect(action, &QAction::triggered, this, [this, i] { emit alerteChoisie(i); });
+        m_alertes << action;
+    }
+    m_boutonAlertes->setMenu(menu);
+    barre->addWidget(m_boutonAlertes);
+
+    m_badge = new QLabel(barre);
+    m_badge->setObjectName(QStringLiteral("badgeAlertes"));
+    m_badge->setAlignment(Qt::AlignCenter);
+    m_badge->setMinimumWidth(22);
+    m_badge->setStyleSheet(QStringLiteral("QLabel { background: #c0392b; color: white; border-radius: 11px; "
+                                          "font-weight: bold; padding: 2px 6px; }"));
+    // A toolbar shows or hides its widgets through their actions.
+    m_actionBadge = barre->addWidget(m_badge);
+    m_actionBadge->setVisible(false);
+
+    m_boutonVerrou = new QToolButton(barre);
+    m_boutonVerrou->setObjectName(QStringLiteral("boutonVerrou"));
+    connect(m_boutonVerrou, &QToolButton::clicked, this, &FenetrePrincipale::verrouDemande);
+    barre->addWidget(m_boutonVerrou);
+    setBoutonVerrou(false);
+}
+
+void FenetrePrincipale::setTitreDocument(const QString& chemin)
+{
+    setWindowTitle(chemin.isEmpty() ? QStringLiteral("Aucun fichier ouvert...") : QFileInfo(chemin).fileName());
+    m_boutonVerrou->setEnabled(!chemin.isEmpty());
+}
+
+void FenetrePrincipale::setFile(const QString& chemin)
+{
+    for (PageSection* p : m_pages)
+        p->setFile(chemin);
+}
+
+PageSection* FenetrePrincipale::page(Section section) const
+{
+    for (PageSection* p : m_pages)
+        if (p->section() == section)
+            return p;
+    return nullptr;
+}
+
+void FenetrePrincipale::afficherSection(Section section)
+{
+    m_pile->setCurrentWidget(page(section));
+    for (int i = 0; i < m_navigation->count(); ++i)
+        if (m_navigation->item(i)->data(Qt::UserRole).toInt() == int(section))
+            m_navigation->setCurrentRow(i);
+}
+
+Section FenetrePrincipale::sectionAffichee() const
+{
+    return static_cast<PageSection*>(m_pile->currentWidget())->section();
+}
+
+void FenetrePrincipale::majAlertes(const Rappels& rappels)
+{
+    const bool etats[] = {rappels.actualisation, rappels.declarationImpots, rappels.sauvegarde,
+                          rappels.contratsImpayes};
+    for (int i = 0; i < m_alertes.size(); ++i)
+        m_alertes[i]->setEnabled(etats[i]);
+    m_badge->setText(QString::number(rappels.compteur()));
+    m_actionBadge->setVisible(rappels.compteur() > 0);
+}
+
+void FenetrePrincipale::setVerrouille(bool verrouille)
+{
+    m_navigation->setEnabled(!verrouille);
+    m_boutonAlertes->setEnabled(!verrouille);
+    if (verrouille)
+        afficherSection(Section::Verrou);
+}
+
+void FenetrePrincipale::setBoutonVerrou(bool verrouille)
+{
+    m_boutonVerrou->setText(verrouille ? QStringLiteral("Protégé") : QStringLiteral("Non protégé"));
+    m_boutonVerrou->setToolTip(QStringLiteral("Protection du fichier par mot de passe"));
+    m_boutonVerrou->setIcon(
+        QIcon::fromTheme(verrouille ? QStringLiteral("changes-prevent") : QStringLiteral("changes-allow")));
+}
+
+QAction* FenetrePrincipale::actionAlerte(int item) const
+{
+    return m_alertes.value(item);
+}
+
+void FenetrePrincipale::closeEvent(QCloseEvent* evenement)
+{
+    emit fermeture();
+    evenement->accept();
 }
 
 } // namespace corvane::app

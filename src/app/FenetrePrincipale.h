@@ -1,13 +1,25 @@
 #pragma once
 
-#include "store/Dialogues.h"
+#include "app/Sections.h"
+#include "store/Rappels.h"
 
 #include <QMainWindow>
-#include <memory>
+
+class QAction;
+class QLabel;
+class QListWidget;
+class QStackedWidget;
+class QToolButton;
 
 namespace corvane::app {
 
-// The main window. For now it opens the document it is given and shows its name.
+class PageSection;
+class SectionFichiers;
+class SectionVerrou;
+
+// The main window: the navigation bar, the stack of sections and the toolbar (alerts
+// menu with its badge, lock button). It shows what the controller tells it and
+// passes the user's choices back as signals.
 class FenetrePrincipale : public QMainWindow
 {
     Q_OBJECT
@@ -15,18 +27,42 @@ class FenetrePrincipale : public QMainWindow
 public:
     explicit FenetrePrincipale(QWidget* parent = nullptr);
 
-    // Opens a document through the version check, conversion and upgrade pass.
-    // An error is reported in a message box; the open document stays as it was.
-    bool ouvrirDocument(const QString& chemin);
-    QString documentOuvert() const { return m_document; }
-    // Questions and messages go through this; tests replace it with scripted answers.
-    void setDialogues(std::unique_ptr<Dialogues> dialogues) { m_dialogues = std::move(dialogues); }
+    void setTitreDocument(const QString& chemin);
+    void setFile(const QString& chemin);
+    void afficherSection(Section section);
+    Section sectionAffichee() const;
+    void majAlertes(const Rappels& rappels);
+    // While locked, the lock section replaces every other one.
+    void setVerrouille(bool verrouille);
+    void setBoutonVerrou(bool verrouille);
+
+    SectionFichiers* sectionFichiers() const { return m_fichiers; }
+    SectionVerrou* sectionVerrou() const { return m_verrou; }
+    QAction* actionAlerte(int item) const;
+
+signals:
+    void sectionDemandee(corvane::app::Section section);
+    void alerteChoisie(int item);
+    void verrouDemande();
+    void fermeture();
+
+protected:
+    void closeEvent(QCloseEvent* evenement) override;
 
 private:
-    void majTitre();
+    void construireBarreOutils();
+    PageSection* page(Section section) const;
 
-    QString m_document;
-    std::unique_ptr<Dialogues> m_dialogues;
+    QListWidget* m_navigation = nullptr;
+    QStackedWidget* m_pile = nullptr;
+    QList<PageSection*> m_pages;
+    SectionFichiers* m_fichiers = nullptr;
+    SectionVerrou* m_verrou = nullptr;
+    QToolButton* m_boutonAlertes = nullptr;
+    QLabel* m_badge = nullptr;
+    QAction* m_actionBadge = nullptr;
+    QToolButton* m_boutonVerrou = nullptr;
+    QList<QAction*> m_alertes;
 };
 
 } // namespace corvane::app

@@ -1,21 +1,32 @@
+#include "app/ControleurApplication.h"
+#include "app/DialoguesQt.h"
 #include "app/FenetrePrincipale.h"
-#include "store/Intermittent.h"
+#include "store/Reglages.h"
 
 #include <QApplication>
-#include <QFileInfo>
+#include <QTimer>
 
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvane"));
     QApplication::setOrganizationName(QStringLiteral("Corvane"));
+    QApplication::setDesktopFileName(QStringLiteral("fr.corvane.Corvane"));
+
+    corvane::Reglages reglages;
     corvane::app::FenetrePrincipale fenetre;
-    fenetre.show();
-    // The document named on the command line, or else the default one when it exists.
+    corvane::app::DialoguesQt dialogues(&fenetre);
+    corvane::app::ControleurApplication controleur(reglages, dialogues, fenetre);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() > 1)
-        fenetre.ouvrirDocument(arguments.at(1));
-    else if (QFileInfo::exists(corvane::Intermittent::fichierTravailParDefaut()))
-        fenetre.ouvrirDocument(corvane::Intermittent::fichierTravailParDefaut());
+    if (!controleur.demarrer(arguments.value(1)))
+        return 0;
+    fenetre.show();
+    // For the documentation's screenshots: save the window as a picture and quit.
+    if (const QString capture = qEnvironmentVariable("CORVANE_CAPTURE"); !capture.isEmpty()) {
+        QTimer::singleShot(300, &fenetre, [&fenetre, capture] {
+            fenetre.grab().save(capture);
+            QApplication::quit();
+        });
+    }
     return QApplication::exec();
 }

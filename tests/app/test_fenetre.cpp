@@ -1,50 +1,268 @@
-// The main window's title follows the open document; a file that cannot be opened
-// is reported and leaves the open document as it was.
+// The application shell driven as a user would: start-up, opening, the lock, the
+// sections, the alerts and the quit offer, with the document and settings checked on disk.
 
+#include "app/ControleurApplication.h"
 #include "app/FenetrePrincipale.h"
+#include "app/SectionFichiers.h"
+#include "app/SectionVerrou.h"
 #include "commun/OutilsDocument.h"
+#include "store/Horloge.h"
+#include "store/Reglages.h"
+#include "store/Sauvegardes.h"
+#include "store/Verrou.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QtTest>
 
 using namespace corvane;
+using namespace corvane::app;
 using namespace corvane::test;
+
+namespace {
+QTemporaryDir* g_maison = nullptr;
+}
 
 class TestFenetre : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void titre()
+private:
+    struct Banc
     {
-        QTemporaryDir dossier;
-        const QString chemin = dossier.filePath("Mon dossier.cv4");
-        Fichiers creation(parametresParDefaut(chemin));
-        QVERIFY(creation.nouveauV4());
+        std::unique_ptr<Reglages> reglages;
+        std::unique_ptr<FenetrePrincipale> fenetre;
+        DialoguesScriptes dialogues;
+        std::unique_ptr<ControleurApplication> controleur;
+    };
+    int m_numero = 0;
 
-        app::FenetrePrincipale fenetre;
-        auto* dialogues = new DialoguesScriptes;
-        fenetre.setDialogues(std::unique_ptr<Dialogues>(dialogues));
-        fenetre.show();
-        QCOMPARE(fenetre.windowTitle(), QStringLiteral("Aucun fichier ouvert..."));
+    std::unique_ptr<Banc> banc()
+    {
+        auto b = std::make_unique<Banc>();
+        b->reglages = std::make_unique<Reglages>(g_maison->filePath(QStringLiteral("reglages%1.ini").arg(++m_numero)));
+        b->fenetre = std::make_unique<FenetrePrincipale>();
+        b->controleur = std::make_unique<ControleurApplication>(*b->reglages, b->dialogues, *b->fenetre);
+        b->fenetre->show();
+        return b;
+    }
 
-        QVERIFY(fenetre.ouvrirDocument(chemin));
-        QCOMPARE(fenetre.windowTitle(), QStringLiteral("Mon dossier.cv4"));
-        QCOMPARE(fenetre.documentOuvert(), chemin);
+    QString document(const QString& nom, const QString& motDePasse = QString())
+    {
+        NouveauDocument p = parametresParDefaut(g_maison->filePath(nom));
+        if (!motDePasse.isEmpty()) {
+            p.password = motDePasse;
+            p.isLocked = 1;
+        }
+        Fichiers f(p);
+        if (!f.nouveauV4())
+            qWarning() << f.erreur();
+        return p.nomDuFichier;
+    }
 
-        const QString texte = dossier.filePath("notes.txt");
+private slots:
+    void init() { Horloge::fixer(QDate(2024, 3, 12)); }
+
+    void demarrageSansDocument()
+    {
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer());
+        QCOMPARE(b->fenetre->windowTitle(), QStringLiteral("Aucun fichier ouvert..."));
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Fichiers);
+        QTest::qWait(20);
+        QVERIFY(!b->fenetre->findChild<QLabel*>("badgeAlertes")->isVisible());
+        QCOMPARE(b->reglages->entier(Reglages::Cle::Launches), 1);
+        QCOMPARE(b->reglages->entier(Reglages::Cle::AlerteActualisationDebut), 28);
+        QVERIFY(QFileInfo(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + "/Corvane").isDir());
+        QCOMPARE(b->reglages->texte(Reglages::Cle::PrefsStockage),
+                 QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + "/Corvane");
+
+        // Every section but the files one needs a document.
+        emit b->fenetre->sectionDemandee(Section::Contrats);
+        QCOMPARE(b->dialogues.echanges().size(), 1);
+        QCOMPARE(b->dialogues.echanges()[0].message, ControleurApplication::messageSansDocument());
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Fichiers);
+    }
+
+    void demarrageAvecDocumentEnregistre()
+    {
+        const QString chemin = document("Mon dossier.cv4");
+        auto b = banc();
+        b->reglages->ecrire(Reglages::Cle::FichierPath, chemin);
+        b->reglages->ecrire(Reglages::Cle::LastTabUsed, int(Section::Employeurs));
+        QVERIFY(b->controleur->demarrer());
+        QCOMPARE(b->controleur->document(), chemin);
+        QCOMPARE(b->fenetre->windowTitle(), QStringLiteral("Mon dossier.cv4"));
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Employeurs);
+        QCOMPARE(b->reglages->liste(Reglages::Cle::Files), QStringList{chemin});
+        // March 12: no monthly window, not April, no backup yet, no contracts: one alert.
+        auto* badge = b->fenetre->findChild<QLabel*>("badgeAlertes");
+        QTRY_VERIFY(badge->isVisible()); // the toolbar lays out its widgets later
+
+        QCOMPARE(badge->text(), QStringLiteral("1"));
+        QVERIFY(b->fenetre->actionAlerte(2)->isEnabled());
+        QVERIFY(!b->fenetre->actionAlerte(0)->isEnabled());
+
+        b->fenetre->actionAlerte(2)->trigger();
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Fichiers);
+        QCOMPARE(b->reglages->entier(Reglages::Cle::LastTabUsed), int(Section::Fichiers));
+    }
+
+    void demarrageSansOuvertureAutomatique()
+    {
+        const QString chemin = document("pas-ouvert.cv4");
+        auto b = banc();
+        b->reglages->ecrire(Reglages::Cle::FichierPath, chemin);
+        b->reglages->ecrire(Reglages::Cle::PrefsDemarrage, 0);
+        QVERIFY(b->controleur->demarrer());
+        QCOMPARE(b->controleur->document(), QString());
+    }
+
+    void ouvrirDepuisLaSectionFichiers()
+    {
+        const QString premier = document("premier.cv4");
+        const QString second = document("second.cv4");
+        auto b = banc();
+        b->reglages->ecrire(Reglages::Cle::Files, QStringList{premier, second});
+        QVERIFY(b->controleur->demarrer());
+        auto* liste = b->fenetre->findChild<QTableWidget*>("listeFichiers");
+        QCOMPARE(liste->rowCount(), 2);
+        liste->selectRow(1);
+        QTest::mouseClick(b->fenetre->findChild<QPushButton*>("boutonOuvrirConnu"), Qt::LeftButton);
+        QCOMPARE(b->controleur->document(), second);
+        QCOMPARE(b->fenetre->windowTitle(), QStringLiteral("second.cv4"));
+
+        liste->selectRow(0);
+        QTest::mouseClick(b->fenetre->findChild<QPushButton*>("boutonRetirer"), Qt::LeftButton);
+        QCOMPARE(b->reglages->liste(Reglages::Cle::Files), QStringList{second});
+        QCOMPARE(liste->rowCount(), 1);
+    }
+
+    void ancienneGeneration()
+    {
+        const QString courant = document("courant.cv4");
+        const QString ancien = g_maison->filePath("vieux.orv");
+        documentDepuisScript("generation1.sql", ancien);
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(courant));
+
+        b->dialogues.repondre({"Ne rien faire"});
+        QVERIFY(!b->controleur->ouvrir(ancien));
+        QCOMPARE(b->controleur->document(), courant);
+
+        b->dialogues.repondre({"Convertir le fichier", "Ouvrir"});
+        QVERIFY(b->controleur->ouvrir(ancien));
+        QCOMPARE(b->controleur->document(), g_maison->filePath("V3_vieux.or3"));
+        QCOMPARE(b->fenetre->windowTitle(), QStringLiteral("V3_vieux.or3"));
+
+        const QString texte = g_maison->filePath("notes.txt");
         QFile f(texte);
         QVERIFY(f.open(QIODevice::WriteOnly));
         f.write("pas un document");
         f.close();
-        QVERIFY(!fenetre.ouvrirDocument(texte));
-        QCOMPARE(fenetre.windowTitle(), QStringLiteral("Mon dossier.cv4"));
-        QCOMPARE(dialogues->echanges().size(), 1);
-        QCOMPARE(dialogues->echanges().first().titre, QStringLiteral("Ouverture de fichier"));
-        QVERIFY(dialogues->echanges().first().message.contains(QStringLiteral("n'est pas un fichier Corvane")));
+        QVERIFY(!b->controleur->ouvrir(texte));
+        QCOMPARE(b->controleur->document(), g_maison->filePath("V3_vieux.or3"));
+        QVERIFY(b->dialogues.echanges().last().message.contains(QStringLiteral("n'est pas un fichier Corvane")));
+    }
+
+    void verrouillage()
+    {
+        const QString chemin = document("secret.cv4", QStringLiteral("sésame"));
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(chemin));
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Verrou);
+        QVERIFY(!b->fenetre->findChild<QListWidget*>("navigation")->isEnabled());
+        QCOMPARE(b->fenetre->findChild<QLabel*>("verrouUtilisateur")->text(), QStringLiteral("Jeanne Dupont"));
+
+        auto* champ = b->fenetre->findChild<QLineEdit*>("verrouMotDePasse");
+        QTest::keyClicks(champ, "sesame");
+        QTest::mouseClick(b->fenetre->findChild<QPushButton*>("boutonDeverrouiller"), Qt::LeftButton);
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Verrou);
+        QVERIFY(champ->property("erreur").toBool());
+        QCOMPARE(champ->palette().color(QPalette::Text), QColor::fromRgbF(1.0f, 0.5109f, 0.5109f));
+        QTest::keyClick(champ, Qt::Key_Backspace);
+        QVERIFY(!champ->property("erreur").toBool());
+        QCOMPARE(champ->palette().color(QPalette::Text), QColor(Qt::black));
+
+        champ->setText(QStringLiteral("sésame"));
+        QTest::keyClick(champ, Qt::Key_Return);
+        QVERIFY(b->fenetre->sectionAffichee() != Section::Verrou);
+        QVERIFY(b->fenetre->findChild<QListWidget*>("navigation")->isEnabled());
+        // Unlocking for this session does not change the document.
+        QVERIFY(Verrou::isFileLocked(chemin));
+    }
+
+    void offreDeSauvegardeAuDepart()
+    {
+        const QString chemin = document("planifie.cv4");
+        Intermittent(chemin).db().executer("INSERT INTO fichiersauvegardes (fs_date) VALUES (?);",
+                                           {QDate(2024, 2, 11)});
+        auto b = banc();
+        b->reglages->ecrire(Reglages::Cle::LastTabUsed, int(Section::Contrats));
+        b->dialogues.repondre({"Oui"});
+        QVERIFY(b->controleur->demarrer(chemin));
+        QCOMPARE(b->dialogues.echanges().size(), 1);
+        QCOMPARE(b->dialogues.echanges()[0].titre, QStringLiteral("Gestion des sauvegardes"));
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Fichiers);
+        QCOMPARE(b->fenetre->findChild<QLabel*>("derniereSauvegarde")->text(),
+                 QStringLiteral("Dernière sauvegarde : 11/02/2024"));
+    }
+
+    void offreAuMomentDeQuitter_data()
+    {
+        QTest::addColumn<bool>("avecDocument");
+        QTest::addColumn<QDate>("derniere");
+        QTest::addColumn<QString>("debutQuestion");
+        QTest::newRow("no document: nothing asked") << false << QDate() << "";
+        QTest::newRow("never backed up: the advice") << true << QDate() << "Bien qu'Corvane enregistre";
+        QTest::newRow("planned for today") << true << QDate(2024, 2, 11) << "Vous avez planifié une sauvegarde";
+        QTest::newRow("not due: nothing asked") << true << QDate(2024, 3, 1) << "";
+    }
+
+    void offreAuMomentDeQuitter()
+    {
+        QFETCH(bool, avecDocument);
+        QFETCH(QDate, derniere);
+        QFETCH(QString, debutQuestion);
+        const QString chemin = document(QStringLiteral("quitter%1.cv4").arg(m_numero));
+        if (derniere.isValid())
+            Intermittent(chemin).db().executer("INSERT INTO fichiersauvegardes (fs_date) VALUES (?);", {derniere});
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(avecDocument ? chemin : QString()));
+        const auto avant = b->dialogues.echanges().size();
+        const QString copie = g_maison->filePath(QStringLiteral("copie-quitter%1.cv4").arg(m_numero));
+        b->dialogues.repondre({"Oui"});
+        b->dialogues.choisirChemins({copie});
+        b->fenetre->close();
+        if (debutQuestion.isEmpty()) {
+            QCOMPARE(b->dialogues.panneaux().size(), 0);
+            return;
+        }
+        QVERIFY(b->dialogues.echanges().size() > avant);
+        QVERIFY(b->dialogues.echanges()[avant].message.startsWith(debutQuestion));
+        QCOMPARE(b->dialogues.panneaux().size(), 1);
+        QVERIFY(QFileInfo::exists(copie));
     }
 };
 
-QTEST_MAIN(TestFenetre)
+int main(int argc, char* argv[])
+{
+    // The user's real folders are never touched: Documents and the settings live here.
+    QTemporaryDir maison;
+    g_maison = &maison;
+    qputenv("HOME", maison.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
+    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
+    QApplication application(argc, argv);
+    TestFenetre test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "test_fenetre.moc"

@@ -1,0 +1,301 @@
+#include "app/ControleurApplication.h"
+
+#include "app/FenetrePrincipale.h"
+#include "app/SectionFichiers.h"
+#include "app/SectionVerrou.h"
+#include "store/Dialogues.h"
+#include "store/Fichiers.h"
+#include "store/Horloge.h"
+#include "store/Rappels.h"
+#include "store/Reglages.h"
+#include "store/Sauvegardes.h"
+#include "store/Verrou.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QPalette>
+#include <QStandardPaths>
+#include <QStyle>
+
+namespace corvane::app {
+
+using Cle = Reglages::Cle;
+
+namespace {
+
+QString documents()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+} // namespace
+
+ControleurApplication::ControleurApplication(Reglages& reglages, Dialogues& dialogues, FenetrePrincipale& fenetre)
+    : QObject(&fenetre), m_reglages(reglages), m_dialogues(dialogues), m_fenetre(fenetre)
+{
+    connecter();
+}
+
+QString ControleurApplication::messageSansDocument()
+{
+    return QStringLiteral("Avant toute nouvelle opération, il est nécessaire de créer un nouveau fichier, ou d'en "
+                          "ouvrir un.");
+}
+
+void ControleurApplication::connecter()
+{
+    connect(&m_fenetre, &FenetrePrincipale::sectionDemandee, this, &ControleurApplication::afficherSection);
+    connect(&m_fenetre, &FenetrePrincipale::alerteChoisie, this, [this](int item) {
+        static const Section destinations[] = {Section::PoleEmploi, Section::Fiscalite, Section::Fichiers,
+                                               Section::Contrats};
+        afficherSection(destinations[qBound(0, item, 3)]);
+    });
+    connect(&m_fenetre, &FenetrePrincipale::fermeture, this, &ControleurApplication::applicationShouldTerminate);
+
+    SectionFichiers* fichiers = m_fenetre.sectionFichiers();
+    connect(fichiers, &SectionFichiers::ouvertureDemandee, this, [this](const QString& chemin) { ouvrir(chemin); });
+    connect(fichiers, &SectionFichiers::retraitDemande, this, [this](const QString& chemin) {
+        Sauvegardes::removeFileFromPreferences(chemin, m_reglages);
+        majSectionFichiers();
+    });
+    connect(fichiers, &SectionFichiers::sauvegardeDemandee, this, [this] {
+        if (m_document.isEmpty()) {
+            m_dialogues.information(QStringLiteral("Sauvegardes"), messageSansDocument(), QStringLiteral("Fermer"));
+            return;
+        }
+        Sauvegardes::copieDeSauvegardeWithFile(m_document, m_dialogues, m_reglages);
+        majSectionFichiers();
+        majAlertes();
+    });
+    connect(m_fenetre.sectionVerrou(), &SectionVerrou::deverrouille, this, [this] {
+        m_verrouille = false;
+        m_fenetre.setVerrouille(false);
+        afficherSection(Section(m_reglages.entier(Cle::LastTabUsed)));
+        majAlertes();
+    });
+}
+
+bool ControleurApplication::demarrer(const QString& documentDemande)
+{
+    // 1 and 2: launches and setting defaults.
+    m_reglages.ecrire(Cle::Launches, m_reglages.entier(Cle::Launches) + 1);
+    m_reglages.enregistrerDefauts();
+    // 3 and 4: the storage folder and the earlier product's document.
+    if (!preparerDossierStockage())
+        return false;
+    reprendreAncienDocument();
+    // 5: the document to open.
+    if (m_reglages.texte(Cle::FichiersRoot) == QStringLiteral("LOCAL") &&
+        m_reglages.texte(Cle::FichierPath) != Intermittent::fichierTravailParDefaut())
+        m_reglages.ecrire(Cle::FichierPath, QString());
+    const QString enregistre = m_reglages.texte(Cle::FichierPath);
+    if (!documentDemande.isEmpty())
+        ouvrir(documentDemande);
+    else if (!enregistre.isEmpty() && QFileInfo::exists(enregistre) && m_reglages.entier(Cle::PrefsDemarrage) == 1)
+        ouvrir(enregistre);
+    // 7 and 8: title and section.
+    m_fenetre.setTitreDocument(m_document);
+    if (!m_verrouille) {
+        if (m_document.isEmpty())
+            m_fenetre.afficherSection(Section::Fichiers);
+        else if (!m_reglages.booleen(Cle::OpenLastTab))
+            m_fenetre.afficherSection(Section::TableauDeBord);
+        else
+            afficherSection(Section(m_reglages.entier(Cle::LastTabUsed)));
+    }
+    majSectionFichiers();
+    // 9: the backup planned for today.
+    proposerSauvegardePrevue();
+    // 11 and 12: the reminders and the appearance.
+    majAlertes();
+    appliquerApparence();
+    return true;
+}
+
+bool ControleurApplication::preparerDossierStockage()
+{
+    const QString corvane = documents() + QStringLiteral("/Corvane");
+    const QString stockage = m_reglages.texte(Cle::PrefsStockage);
+    if (stockage.isEmpty() || !QFileInfo(stockage).isDir())
+        m_reglages.ecrire(Cle::PrefsStockage, corvane);
+    if (QFileInfo::exists(corvane))
+        return true;
+    const QString orvia = documents() + QStringLiteral("/Orvia");
+    if (!QFileInfo::exists(orvia)) {
+        QDir().mkpath(corvane);
+        return true;
+    }
+    const QString reponse = m_dialogues.question(
+        QStringLiteral("Version précédente détectée"),
+        QStringLiteral("Pour un meilleur fonctionnement de l'application, le dossier 'Orvia', pouvant contenir des "
+                       "fichiers de travail, sera renommé en 'Corvane'."),
+        {QStringLiteral("Continuer"), QStringLiteral("Fermer l'application")});
+    if (reponse != QStringLiteral("Continuer"))
+        return false;
+    QDir().rename(orvia, corvane);
+    return true;
+}
+
+void ControleurApplication::reprendreAncienDocument()
+{
+    const QString ancien = Intermittent::ancienFichierTravailParDefaut();
+    if (!QFileInfo::exists(ancien))
+        return;
+    m_dialogues.information(QStringLiteral("Gestion des fichiers"),
+                            QStringLiteral("Un fichier de travail existe dans votre dossier utilisateur\n\nAfin "
+                                           "d'assurer une meilleure compatibilité, ce fichier doit être déplacé ou "
+                                           "supprimé."),
+                            QStringLiteral("Fermer"));
+    const QString defaut = Intermittent::fichierTravailParDefaut();
+    if (QFileInfo::exists(defaut)) {
+        const QString reponse = m_dialogues.question(
+            QStringLiteral("Gestion des fichiers"),
+            QStringLiteral("La copie n'a pas pu être réalisée, car vous utilisez déjà un fichier de travail.\n\n"
+                           "Souhaitez-vous supprimer l'ancien fichier ?"),
+            {QStringLiteral("Oui"), QStringLiteral("Non")});
+        if (reponse == QStringLiteral("Oui"))
+            QFile::remove(ancien);
+        return;
+    }
+    QDir().mkpath(QFileInfo(defaut).absolutePath());
+    if (!QFile::copy(ancien, defaut))
+        return;
+    m_dialogues.information(QStringLiteral("Gestion des fichiers"),
+                            QStringLiteral("La copie est terminée.\n\nVotre fichier de travail va être ouvert par "
+                                           "Corvane."),
+                            QStringLiteral("Fermer"));
+    QFile::remove(ancien);
+    m_reglages.ecrire(Cle::FichierPath, defaut);
+}
+
+bool ControleurApplication::ouvrir(const QString& chemin)
+{
+    Fichiers fichiers;
+    const QString ouvert = fichiers.ouvertureSQLite(QFileInfo(chemin).absoluteFilePath(), m_document, m_dialogues);
+    if (!fichiers.erreur().isEmpty()) {
+        m_dialogues.information(QStringLiteral("Ouverture de fichier"), fichiers.erreur(), QStringLiteral("Fermer"));
+        return false;
+    }
+    if (ouvert.isEmpty() || ouvert == m_document)
+        return false;
+    didOpenFile(ouvert);
+    return true;
+}
+
+void ControleurApplication::didOpenFile(const QString& chemin)
+{
+    m_document = chemin;
+    Sauvegardes::addFileToPreferences(chemin, m_reglages);
+    m_reglages.ecrire(Cle::FichierPath, chemin);
+    m_fenetre.setTitreDocument(chemin);
+    m_fenetre.setFile(chemin);
+    m_verrouille = Verrou::isFileLocked(chemin);
+    m_fenetre.setBoutonVerrou(m_verrouille);
+    m_fenetre.setVerrouille(m_verrouille);
+    if (!m_verrouille)
+        afficherSection(Section(m_reglages.entier(Cle::LastTabUsed)));
+    majSectionFichiers();
+    majAlertes();
+}
+
+void ControleurApplication::didCreateNewFile(const QString& chemin)
+{
+    didOpenFile(chemin);
+}
+
+void ControleurApplication::fileWillClose()
+{
+    m_document.clear();
+    m_verrouille = false;
+    m_fenetre.setTitreDocument(QString());
+    m_fenetre.setFile(QString());
+    m_fenetre.setVerrouille(false);
+    m_fenetre.afficherSection(Section::Fichiers);
+    majAlertes();
+}
+
+void ControleurApplication::afficherSection(Section section)
+{
+    if (m_verrouille)
+        return;
+    const bool connue = section >= Section::TableauDeBord && section <= Section::Fichiers;
+    if (!connue)
+        section = Section::Fichiers;
+    if (section != Section::Fichiers && m_document.isEmpty()) {
+        m_dialogues.information(QStringLiteral("Corvane"), messageSansDocument(), QStringLiteral("Fermer"));
+        m_fenetre.afficherSection(Section::Fichiers);
+        return;
+    }
+    m_reglages.ecrire(Cle::LastTabUsed, int(section));
+    m_fenetre.afficherSection(section);
+}
+
+void ControleurApplication::majAlertes()
+{
+    m_fenetre.majAlertes(m_verrouille ? Rappels() : Rappels::calculer(m_document, m_reglages));
+}
+
+void ControleurApplication::majSectionFichiers()
+{
+    m_fenetre.sectionFichiers()->afficherFichiersConnus(m_reglages.liste(Cle::Files));
+    if (!m_document.isEmpty())
+        m_fenetre.sectionFichiers()->setDerniereSauvegarde(Sauvegardes::dateDerniereSauvegarde(m_document));
+}
+
+void ControleurApplication::proposerSauvegardePrevue()
+{
+    if (m_document.isEmpty() || m_verrouille || !m_reglages.booleen(Cle::FichierSauvegardeAuto) ||
+        !Sauvegardes::sauvegardePrevueAujourdhui(m_document, m_reglages))
+        return;
+    const QString reponse = m_dialogues.question(
+        QStringLiteral("Gestion des sauvegardes"),
+        QStringLiteral("Vous avez planifié une sauvegarde pour aujourd'hui.\nSouhaitez-vous l'effectuer maintenant ?"),
+        {QStringLiteral("Oui"), QStringLiteral("Non")});
+    if (reponse == QStringLiteral("Oui"))
+        afficherSection(Section::Fichiers);
+}
+
+void ControleurApplication::applicationShouldTerminate()
+{
+    if (m_document.isEmpty() || !m_reglages.booleen(Cle::FichierSauvegardeAuto))
+        return;
+    QString question;
+    if (Sauvegardes::dateDerniereSauvegarde(m_document).isValid()) {
+        if (Sauvegardes::sauvegardePrevueAujourdhui(m_document, m_reglages))
+            question = QStringLiteral("Vous avez planifié une sauvegarde pour aujourd'hui.\nSouhaitez-vous l'effectuer "
+                                      "maintenant ?");
+    } else {
+        question = QStringLiteral("Bien qu'Corvane enregistre vos informations automatiquement, il est conseillé "
+                                  "d'effectuer régulièrement une copie de sauvegarde de votre fichier de travail.\n\n"
+                                  "Souhaitez-vous l'effectuer maintenant ?");
+    }
+    if (question.isEmpty())
+        return;
+    if (m_dialogues.question(QStringLiteral("Gestion des sauvegardes"), question,
+                             {QStringLiteral("Oui"), QStringLiteral("Non")}) == QStringLiteral("Oui"))
+        Sauvegardes::copieDeSauvegardeWithFile(m_document, m_dialogues, m_reglages);
+}
+
+void ControleurApplication::appliquerApparence()
+{
+    const QString apparence = m_reglages.texte(Cle::Apparence);
+    if (apparence == QStringLiteral("systeme"))
+        return;
+    QPalette palette = QApplication::style()->standardPalette();
+    if (apparence == QStringLiteral("sombre")) {
+        palette.setColor(QPalette::Window, QColor(45, 45, 48));
+        palette.setColor(QPalette::WindowText, QColor(230, 230, 230));
+        palette.setColor(QPalette::Base, QColor(30, 30, 32));
+        palette.setColor(QPalette::AlternateBase, QColor(50, 50, 54));
+        palette.setColor(QPalette::Text, QColor(230, 230, 230));
+        palette.setColor(QPalette::Button, QColor(55, 55, 60));
+        palette.setColor(QPalette::ButtonText, QColor(230, 230, 230));
+        palette.setColor(QPalette::Highlight, QColor(52, 101, 164));
+        palette.setColor(QPalette::HighlightedText, Qt::white);
+    }
+    QApplication::setPalette(palette);
+}
+
+} // namespace corvane::app

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "app/Sections.h"
+
+#include <QObject>
+#include <QString>
+
+namespace corvane {
+class Dialogues;
+class Reglages;
+} // namespace corvane
+
+namespace corvane::app {
+
+class FenetrePrincipale;
+
+// Owns the open document's path for the whole run: prepares the settings and the
+// storage folder at start-up, opens, creates and closes documents, switches sections,
+// raises the reminders, guards the lock, and offers a backup at quit.
+class ControleurApplication : public QObject
+{
+    Q_OBJECT
+
+public:
+    ControleurApplication(Reglages& reglages, Dialogues& dialogues, FenetrePrincipale& fenetre);
+
+    // The start-up sequence; false when the user chose to quit.
+    bool demarrer(const QString& documentDemande = QString());
+
+    const QString& document() const { return m_document; }
+
+    // Opening from the files section, the platform or the command line; true when
+    // another document is now open.
+    bool ouvrir(const QString& chemin);
+    void didOpenFile(const QString& chemin);
+    void didCreateNewFile(const QString& chemin);
+    void fileWillClose();
+
+    void afficherSection(Section section);
+    void majAlertes();
+    // The backup offer at quit; the application quits whatever the answer.
+    void applicationShouldTerminate();
+
+    static QString messageSansDocument();
+
+private:
+    bool preparerDossierStockage();
+    void reprendreAncienDocument();
+    void proposerSauvegardePrevue();
+    void appliquerApparence();
+    void connecter();
+    void majSectionFichiers();
+
+    Reglages& m_reglages;
+    Dialogues& m_dialogues;
+    FenetrePrincipale& m_fenetre;
+    QString m_document;
+    bool m_verrouille = false;
+};
+
+} // namespace corvane::app
