@@ -1,6 +1,7 @@
 // corvane-cli run as a process: the reference values and the calculators
 // (parametres, bareme-km, charges-ae), their JSON and their refusals.
 
+#include "commun/OutilsDocument.h"
 #include "store/BaseDeDonnees.h"
 
 #include <QCryptographicHash>
@@ -13,40 +14,9 @@
 #include <QTest>
 
 using namespace corvane;
+using namespace corvane::test;
 
 namespace {
-
-struct Resultat
-{
-    int code = -1;
-    QByteArray sortie;
-    QByteArray erreurs;
-};
-
-Resultat lancer(const QStringList& arguments)
-{
-    QProcess processus;
-    processus.start(QStringLiteral(CORVANE_CLI_EXE), arguments);
-    Resultat resultat;
-    if (!processus.waitForFinished(30000)) {
-        processus.kill();
-        processus.waitForFinished();
-        return resultat;
-    }
-    resultat.code = processus.exitStatus() == QProcess::NormalExit ? processus.exitCode() : -1;
-    resultat.sortie = processus.readAllStandardOutput();
-    resultat.erreurs = processus.readAllStandardError();
-    return resultat;
-}
-
-QJsonObject lireJson(const Resultat& resultat)
-{
-    QJsonParseError erreur;
-    const QJsonDocument document = QJsonDocument::fromJson(resultat.sortie, &erreur);
-    if (erreur.error != QJsonParseError::NoError || !document.isObject())
-        qWarning() << "JSON illisible :" << erreur.errorString() << resultat.sortie << resultat.erreurs;
-    return document.object();
-}
 
 // A JSON number, never a string.
 double nombre(const QJsonObject& objet, const QString& cle)
@@ -66,14 +36,6 @@ QString texteNormalise(const QByteArray& sortie)
     return texte;
 }
 
-QByteArray empreinte(const QString& chemin)
-{
-    QFile f(chemin);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
-}
-
 } // namespace
 
 class TestCliCalculs : public QObject
@@ -87,9 +49,9 @@ private:
     QString documentAvecVehicule(const QString& nom, int type, int puissance, const QStringList& options = {})
     {
         const QString chemin = m_dossier.filePath(nom);
-        const Resultat r = lancer(QStringList{"--json", "nouveau", chemin, "--nom", "Martin", "--prenom", "Léa",
-                                              "--emploi", "Technicien", "--ouverture", "2014-02-01"} +
-                                  options);
+        const ResultatCli r = lancerCli(QStringList{"--json", "nouveau", chemin, "--nom", "Martin", "--prenom", "Léa",
+                                                    "--emploi", "Technicien", "--ouverture", "2014-02-01"} +
+                                        options);
         if (r.code != 0)
             qWarning() << r.erreurs;
         BaseDeDonnees base;
@@ -108,7 +70,7 @@ private slots:
 
     void aideListeLesCommandes()
     {
-        const Resultat r = lancer({"--aide"});
+        const ResultatCli r = lancerCli({"--aide"});
         QCOMPARE(r.code, 0);
         for (const char* commande : {"parametres", "bareme-km", "charges-ae"})
             QVERIFY2(r.sortie.contains(commande), commande);
@@ -155,7 +117,7 @@ private slots:
         QFETCH(double, alsaceMoselle);
         QFETCH(double, plafondAllocation);
         QFETCH(QString, protocole);
-        const Resultat r = lancer({"--json", "parametres", "--date", date});
+        const ResultatCli r = lancerCli({"--json", "parametres", "--date", date});
         QCOMPARE(r.code, 0);
         QVERIFY(r.erreurs.isEmpty());
         const QJsonObject objet = lireJson(r);
@@ -174,7 +136,7 @@ private slots:
 
     void parametresSansDatePrendAujourdhui()
     {
-        const Resultat r = lancer({"--aujourdhui", "2016-08-01", "--json", "parametres"});
+        const ResultatCli r = lancerCli({"--aujourdhui", "2016-08-01", "--json", "parametres"});
         QCOMPARE(r.code, 0);
         const QJsonObject objet = lireJson(r);
         QCOMPARE(objet.value("date").toString(), QStringLiteral("2016-08-01"));
@@ -183,7 +145,7 @@ private slots:
 
     void parametresEnTexte()
     {
-        const Resultat r = lancer({"parametres", "--date", "2016-06-15"});
+        const ResultatCli r = lancerCli({"parametres", "--date", "2016-06-15"});
         QCOMPARE(r.code, 0);
         const QString texte = texteNormalise(r.sortie);
         QVERIFY2(texte.contains("15/06/2016"), qPrintable(texte));
@@ -228,10 +190,10 @@ private slots:
     void mauvaisUsage()
     {
         QFETCH(QStringList, arguments);
-        const Resultat r = lancer(QStringList{"--json"} + arguments);
+        const ResultatCli r = lancerCli(QStringList{"--json"} + arguments);
         QCOMPARE(r.code, 2);
         QVERIFY(r.sortie.isEmpty());
-        QVERIFY2(r.erreurs.startsWith("corvane-cli: "), r.erreurs.constData());
+        QVERIFY2(r.erreurs.startsWith("corvane-cli: "), qPrintable(r.erreurs));
     }
 
     void baremeKm_data()
@@ -261,7 +223,7 @@ private slots:
     {
         QFETCH(QStringList, arguments);
         QFETCH(double, montant);
-        const Resultat r = lancer(QStringList{"--json", "bareme-km"} + arguments);
+        const ResultatCli r = lancerCli(QStringList{"--json", "bareme-km"} + arguments);
         QCOMPARE(r.code, 0);
         const QJsonObject objet = lireJson(r);
         QCOMPARE(objet.size(), 1);
@@ -274,7 +236,8 @@ private slots:
         const QByteArray avant = empreinte(chemin);
         for (const auto& [annee, attendu] :
              QList<QPair<QString, double>>{{"2013", 1264.0}, {"2014", 378.0}, {"2015", 378.0}, {"2016", 0.0}}) {
-            const Resultat r = lancer({"--json", "bareme-km", "--annee", annee, "--km", "4000", "--fichier", chemin});
+            const ResultatCli r =
+                lancerCli({"--json", "bareme-km", "--annee", annee, "--km", "4000", "--fichier", chemin});
             QCOMPARE(r.code, 0);
             QCOMPARE(nombre(lireJson(r), "montant"), attendu);
         }
@@ -285,13 +248,13 @@ private slots:
     {
         const QString chemin = documentAvecVehicule("protege.cv4", 1, 4, {"--mot-de-passe", "s3cret"});
         const QStringList arguments{"--json", "bareme-km", "--annee", "2014", "--km", "5000", "--fichier", chemin};
-        Resultat r = lancer(arguments);
+        ResultatCli r = lancerCli(arguments);
         QCOMPARE(r.code, 1);
         QVERIFY(r.sortie.isEmpty());
         QVERIFY(r.erreurs.contains("mot de passe"));
-        r = lancer(arguments + QStringList{"--mot-de-passe", "faux"});
+        r = lancerCli(arguments + QStringList{"--mot-de-passe", "faux"});
         QCOMPARE(r.code, 1);
-        r = lancer(arguments + QStringList{"--mot-de-passe", "s3cret"});
+        r = lancerCli(arguments + QStringList{"--mot-de-passe", "s3cret"});
         QCOMPARE(r.code, 0);
         QCOMPARE(nombre(lireJson(r), "montant"), 2465.0);
     }
@@ -321,18 +284,19 @@ private slots:
         }
         const bool existait = QFile::exists(chemin);
         const QByteArray avant = empreinte(chemin);
-        const Resultat r = lancer({"--json", "bareme-km", "--annee", "2014", "--km", "1000", "--fichier", chemin});
+        const ResultatCli r =
+            lancerCli({"--json", "bareme-km", "--annee", "2014", "--km", "1000", "--fichier", chemin});
         QCOMPARE(r.code, 1);
         QVERIFY(r.sortie.isEmpty());
-        QVERIFY2(r.erreurs.startsWith("corvane-cli: "), r.erreurs.constData());
+        QVERIFY2(r.erreurs.startsWith("corvane-cli: "), qPrintable(r.erreurs));
         QCOMPARE(QFile::exists(chemin), existait);
         QCOMPARE(empreinte(chemin), avant);
     }
 
     void baremeKmEnTexte()
     {
-        const Resultat r =
-            lancer({"bareme-km", "--annee", "2014", "--km", "5000", "--vehicule", "1", "--puissance", "4"});
+        const ResultatCli r =
+            lancerCli({"bareme-km", "--annee", "2014", "--km", "5000", "--vehicule", "1", "--puissance", "4"});
         QCOMPARE(r.code, 0);
         QVERIFY2(texteNormalise(r.sortie).contains("2 465,00 €"), r.sortie.constData());
     }
@@ -372,7 +336,7 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(QList<double>, taux);
         QFETCH(double, charges);
-        const Resultat r = lancer(QStringList{"--json", "charges-ae"} + arguments);
+        const ResultatCli r = lancerCli(QStringList{"--json", "charges-ae"} + arguments);
         QCOMPARE(r.code, 0);
         const QJsonObject objet = lireJson(r);
         QCOMPARE(objet.size(), 6);
@@ -386,8 +350,8 @@ private slots:
 
     void chargesAeEnTexte()
     {
-        const Resultat r = lancer({"charges-ae", "--annee", "2016", "--ventes", "10000", "--services-bic", "5000",
-                                   "--liberatoire", "--alsace", "--categorie", "2", "--activite", "2"});
+        const ResultatCli r = lancerCli({"charges-ae", "--annee", "2016", "--ventes", "10000", "--services-bic", "5000",
+                                         "--liberatoire", "--alsace", "--categorie", "2", "--activite", "2"});
         QCOMPARE(r.code, 0);
         QVERIFY2(texteNormalise(r.sortie).contains("2 803,00 €"), r.sortie.constData());
     }

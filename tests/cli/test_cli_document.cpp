@@ -13,15 +13,6 @@ using namespace corvane::test;
 
 namespace {
 
-QJsonObject json(const ResultatCli& r)
-{
-    QJsonParseError erreur;
-    const QJsonDocument document = QJsonDocument::fromJson(r.sortie, &erreur);
-    if (erreur.error != QJsonParseError::NoError)
-        qWarning() << "JSON illisible:" << erreur.errorString() << r.sortie;
-    return document.object();
-}
-
 void ecrire(const QString& chemin, const QByteArray& octets)
 {
     QFile f(chemin);
@@ -92,7 +83,7 @@ private slots:
                                    "--prenom", "Léa", "--emploi", "Artiste", "--ouverture", "2016-03-01", "--taux",
                                    "1 234,5", "--civilite", "Mme", "--sans-abattement", "--auto-entrepreneur"});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r), (QJsonObject{{"fichier", chemin}, {"generation", "4"}}));
+        QCOMPARE(lireJson(r), (QJsonObject{{"fichier", chemin}, {"generation", "4"}}));
         QVERIFY(r.erreurs.isEmpty());
 
         BaseDeDonnees base;
@@ -107,7 +98,7 @@ private slots:
 
         r = lancerCli({"info", chemin, "--json"});
         QCOMPARE(r.code, 0);
-        const QJsonObject info = json(r);
+        const QJsonObject info = lireJson(r);
         QCOMPARE(info.value("generation").toString(), QStringLiteral("4"));
         QCOMPARE(info.value("verrouille").toBool(true), false);
         const QJsonObject comptes = info.value("enregistrements").toObject();
@@ -174,12 +165,12 @@ private slots:
         const QString chemin = nouveau("protege.cv4", {"--mot-de-passe", "sésame"});
         ResultatCli r = lancerCli({"--json", "info", chemin});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r).value("verrouille").toBool(), true);
-        QVERIFY(!json(r).contains("enregistrements"));
+        QCOMPARE(lireJson(r).value("verrouille").toBool(), true);
+        QVERIFY(!lireJson(r).contains("enregistrements"));
 
         r = lancerCli({"--json", "--mot-de-passe", "sésame", "info", chemin});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r).value("enregistrements").toObject().value("utilisateur").toInt(), 1);
+        QCOMPARE(lireJson(r).value("enregistrements").toObject().value("utilisateur").toInt(), 1);
 
         r = lancerCli({"--json", "--mot-de-passe", "faux", "info", chemin});
         QCOMPARE(r.code, 1);
@@ -193,8 +184,8 @@ private slots:
         const QByteArray avant = empreinte(chemin);
         const ResultatCli r = lancerCli({"--json", "info", chemin});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r).value("generation").toString(), QStringLiteral("3"));
-        QCOMPARE(json(r).value("enregistrements").toObject().value("contrats").toInt(), 5);
+        QCOMPARE(lireJson(r).value("generation").toString(), QStringLiteral("3"));
+        QCOMPARE(lireJson(r).value("enregistrements").toObject().value("contrats").toInt(), 5);
         QCOMPARE(empreinte(chemin), avant);
     }
 
@@ -204,8 +195,9 @@ private slots:
         documentDepuisScript("generation3.sql", chemin);
         const ResultatCli r = lancerCli({"--json", "ouvrir", chemin});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r), (QJsonObject{{"fichier", chemin}, {"generation_initiale", "3"}, {"converti", QJsonValue()}}));
-        QCOMPARE(json(lancerCli({"--json", "info", chemin})).value("generation").toString(), QStringLiteral("4"));
+        QCOMPARE(lireJson(r),
+                 (QJsonObject{{"fichier", chemin}, {"generation_initiale", "3"}, {"converti", QJsonValue()}}));
+        QCOMPARE(lireJson(lancerCli({"--json", "info", chemin})).value("generation").toString(), QStringLiteral("4"));
     }
 
     void ouvrirAncienneGeneration()
@@ -222,15 +214,15 @@ private slots:
 
         r = lancerCli({"--json", "ouvrir", chemin, "--ne-pas-convertir"});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r),
+        QCOMPARE(lireJson(r),
                  (QJsonObject{{"fichier", QJsonValue()}, {"generation_initiale", "2"}, {"converti", QJsonValue()}}));
         QVERIFY(!QFileInfo::exists(copie));
 
         r = lancerCli({"--json", "ouvrir", chemin, "--convertir"});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r), (QJsonObject{{"fichier", copie}, {"generation_initiale", "2"}, {"converti", copie}}));
+        QCOMPARE(lireJson(r), (QJsonObject{{"fichier", copie}, {"generation_initiale", "2"}, {"converti", copie}}));
         QCOMPARE(empreinte(chemin), avant);
-        QCOMPARE(json(lancerCli({"--json", "info", copie})).value("generation").toString(), QStringLiteral("4"));
+        QCOMPARE(lireJson(lancerCli({"--json", "info", copie})).value("generation").toString(), QStringLiteral("4"));
     }
 
     void mauvaisesEntrees_data()
@@ -280,8 +272,8 @@ private slots:
         const QString chemin = mauvaiseEntree("vide");
         const ResultatCli r = lancerCli({"--json", "info", chemin});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r).value("generation").toString(), QStringLiteral("0"));
-        QVERIFY(!json(r).contains("enregistrements"));
+        QCOMPARE(lireJson(r).value("generation").toString(), QStringLiteral("0"));
+        QVERIFY(!lireJson(r).contains("enregistrements"));
         QCOMPARE(QFileInfo(chemin).size(), 0);
     }
 
@@ -291,7 +283,7 @@ private slots:
         const QString copie = m_dossier.filePath("copie de sûreté.cv4");
         ResultatCli r = lancerCli({"--aujourdhui", "2025-01-02", "--json", "sauvegarder", chemin, copie});
         QCOMPARE(r.code, 0);
-        QCOMPARE(json(r), (QJsonObject{{"copie", copie}, {"date", "2025-01-02"}}));
+        QCOMPARE(lireJson(r), (QJsonObject{{"copie", copie}, {"date", "2025-01-02"}}));
         QCOMPARE(Fichiers().checkVersion(copie), QStringLiteral("4"));
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(chemin));

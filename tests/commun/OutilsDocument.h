@@ -7,6 +7,8 @@
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QStringList>
 #include <QtTest>
@@ -76,14 +78,28 @@ struct ResultatCli
     QString erreurs;
 };
 
+// Runs corvane-cli; a crash or a hang gives the code -1.
 inline ResultatCli lancerCli(const QStringList& arguments)
 {
     QProcess processus;
     processus.start(QStringLiteral(CORVANE_CLI_EXE), arguments);
-    if (!processus.waitForFinished(30000))
+    if (!processus.waitForFinished(30000)) {
+        processus.kill();
+        processus.waitForFinished();
         return {};
-    return {processus.exitCode(), processus.readAllStandardOutput(),
-            QString::fromUtf8(processus.readAllStandardError())};
+    }
+    return {processus.exitStatus() == QProcess::NormalExit ? processus.exitCode() : -1,
+            processus.readAllStandardOutput(), QString::fromUtf8(processus.readAllStandardError())};
+}
+
+// The one JSON document a command printed.
+inline QJsonObject lireJson(const ResultatCli& resultat)
+{
+    QJsonParseError erreur;
+    const QJsonDocument document = QJsonDocument::fromJson(resultat.sortie, &erreur);
+    if (erreur.error != QJsonParseError::NoError || !document.isObject())
+        qWarning() << "JSON illisible :" << erreur.errorString() << resultat.sortie << resultat.erreurs;
+    return document.object();
 }
 
 } // namespace corvane::test
