@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DOCUMENT ?=
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build run test bench format screenshots clean fuzz
+.PHONY: all deps configure build run test bench format clean fuzz
 
 all: build
 
