@@ -11,17 +11,6 @@
 using namespace corvane;
 using namespace corvane::test;
 
-namespace {
-
-void ecrire(const QString& chemin, const QByteArray& octets)
-{
-    QFile f(chemin);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(octets);
-}
-
-} // namespace
-
 class TestCliDocument : public QObject
 {
     Q_OBJECT

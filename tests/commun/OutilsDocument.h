@@ -30,6 +30,13 @@ inline void documentDepuisScript(const QString& script, const QString& chemin)
     QCOMPARE(base.exec(QString::fromUtf8(f.readAll())), 0);
 }
 
+inline void ecrire(const QString& chemin, const QByteArray& octets)
+{
+    QFile f(chemin);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(octets);
+}
+
 inline NouveauDocument parametresParDefaut(const QString& chemin)
 {
     NouveauDocument p;

@@ -13,13 +13,6 @@ using namespace corvane::test;
 
 namespace {
 
-void ecrire(const QString& chemin, const QByteArray& octets)
-{
-    QFile f(chemin);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(octets);
-}
-
 QByteArray lire(const QString& chemin)
 {
     QFile f(chemin);
