@@ -25,6 +25,9 @@ using Cle = Reglages::Cle;
 
 namespace {
 
+const QString kSauvegardePlanifiee =
+    QStringLiteral("Vous avez planifié une sauvegarde pour aujourd'hui.\nSouhaitez-vous l'effectuer maintenant ?");
+
 QString documents()
 {
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -249,10 +252,8 @@ void ControleurApplication::proposerSauvegardePrevue()
     if (m_document.isEmpty() || m_verrouille || !m_reglages.booleen(Cle::FichierSauvegardeAuto) ||
         !Sauvegardes::sauvegardePrevueAujourdhui(m_document, m_reglages))
         return;
-    const QString reponse = m_dialogues.question(
-        QStringLiteral("Gestion des sauvegardes"),
-        QStringLiteral("Vous avez planifié une sauvegarde pour aujourd'hui.\nSouhaitez-vous l'effectuer maintenant ?"),
-        {QStringLiteral("Oui"), QStringLiteral("Non")});
+    const QString reponse = m_dialogues.question(QStringLiteral("Gestion des sauvegardes"), kSauvegardePlanifiee,
+                                                 {QStringLiteral("Oui"), QStringLiteral("Non")});
     if (reponse == QStringLiteral("Oui"))
         afficherSection(Section::Fichiers);
 }
@@ -264,8 +265,7 @@ void ControleurApplication::applicationShouldTerminate()
     QString question;
     if (Sauvegardes::dateDerniereSauvegarde(m_document).isValid()) {
         if (Sauvegardes::sauvegardePrevueAujourdhui(m_document, m_reglages))
-            question = QStringLiteral("Vous avez planifié une sauvegarde pour aujourd'hui.\nSouhaitez-vous l'effectuer "
-                                      "maintenant ?");
+            question = kSauvegardePlanifiee;
     } else {
         question = QStringLiteral("Bien qu'Corvane enregistre vos informations automatiquement, il est conseillé "
                                   "d'effectuer régulièrement une copie de sauvegarde de votre fichier de travail.\n\n"

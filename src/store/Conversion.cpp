@@ -181,18 +181,16 @@ QString Fichiers::conversionFichier(const QString& chemin, const QString& genera
     // Past periods from the archives, then the current one.
     const QString insertionPeriode =
         QStringLiteral("INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES (?, ?, ?, ?);");
-    auto libelle = [](const QDate& debut, const QDate& fin) {
-        return QStringLiteral("Période du %1 au %2").arg(Dates::versAffichage(debut), Dates::versAffichage(fin));
-    };
     for (const Ligne& a : lignesAnciennes(ancienne, QStringLiteral("archives"))) {
         const QString debut = dateConvertie(a, "a_debut");
         const QString fin = dateConvertie(a, "a_fin");
-        nouvelle.executer(insertionPeriode,
-                          {debut, fin, libelle(Dates::depuisSQLite(debut), Dates::depuisSQLite(fin)), QString()});
+        nouvelle.executer(
+            insertionPeriode,
+            {debut, fin, libellePeriode(Dates::depuisSQLite(debut), Dates::depuisSQLite(fin)), QString()});
     }
     const QDate finPeriode = finPremierePeriode(emploiId, ouverture);
-    nouvelle.executer(insertionPeriode,
-                      {ouverture, finPeriode, libelle(ouverture, finPeriode), QStringLiteral("Période initiale")});
+    nouvelle.executer(insertionPeriode, {ouverture, finPeriode, libellePeriode(ouverture, finPeriode),
+                                         QStringLiteral("Période initiale")});
     nouvelle.executer(QStringLiteral("UPDATE utilisateur SET u_periode_en_cours = %1 WHERE u_id = 1;")
                           .arg(nouvelle.dernierIdInsere()));
 

@@ -18,8 +18,8 @@ public:
     virtual void information(const QString& titre, const QString& message, const QString& bouton) = 0;
     // A save panel opening in `dossier` with `nomPropose`, limited to `extension`.
     // Returns the chosen path, or "" when the user cancels.
-    virtual QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier,
-                                               const QString& nomPropose, const QString& extension) = 0;
+    virtual QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
+                                               const QString& extension) = 0;
 };
 
 // Answers from a list given in advance, and keeps what was asked.

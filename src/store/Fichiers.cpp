@@ -48,6 +48,11 @@ void Fichiers::echouer(const QString& message)
     m_erreur = message;
 }
 
+QString Fichiers::libellePeriode(const QDate& debut, const QDate& fin)
+{
+    return QStringLiteral("Période du %1 au %2").arg(Dates::versAffichage(debut), Dates::versAffichage(fin));
+}
+
 QList<QPair<QString, QDate>> Fichiers::datesPrefereesInitiales(const QDate& ouverture, const QDate& fin)
 {
     const int annee = Horloge::aujourdhui().year();
@@ -120,11 +125,8 @@ bool Fichiers::nouveauV4()
         "'', '', 0.0, ?, ?, 1, 0, '', '', '', '', '', '', '', ?);",
         {p.nom, p.prenom, aujourdhui, p.emploiId, ouverture, p.civiliteId, p.taux, p.abattementState == 1 ? 1 : 2,
          p.isAutoEntrepreneur ? 1 : 0});
-    m_db.executer(
-        "INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES (?, ?, ?, ?);",
-        {ouverture, fin,
-         QStringLiteral("Période du %1 au %2").arg(Dates::versAffichage(ouverture), Dates::versAffichage(fin)),
-         QStringLiteral("Période initiale")});
+    m_db.executer("INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES (?, ?, ?, ?);",
+                  {ouverture, fin, libellePeriode(ouverture, fin), QStringLiteral("Période initiale")});
 
     const auto preferees = datesPrefereesInitiales(ouverture, fin);
     QString insertion = QStringLiteral(

@@ -39,6 +39,9 @@ public:
     // End of a new document's first period for an occupation, when the rights open on `ouverture`.
     static QDate finPremierePeriode(int emploiId, const QDate& ouverture);
 
+    // "Période du dd/MM/yyyy au dd/MM/yyyy", the label of a period.
+    static QString libellePeriode(const QDate& debut, const QDate& fin);
+
     // The fifteen preferred date ranges of a new document, key and date, in the order they are written.
     static QList<QPair<QString, QDate>> datesPrefereesInitiales(const QDate& ouverture, const QDate& fin);
 

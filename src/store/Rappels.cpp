@@ -50,8 +50,9 @@ Rappels Rappels::calculer(const QString& chemin, const Reglages& reglages)
     if (chemin.isEmpty() || !reglages.booleen(Reglages::Cle::ActiverAlertes))
         return rappels;
     const QDate aujourdhui = Horloge::aujourdhui();
-    rappels.actualisation = fenetreActualisation(aujourdhui.day(), reglages.entier(Reglages::Cle::AlerteActualisationDebut),
-                                                 reglages.entier(Reglages::Cle::AlerteActualisationFin));
+    rappels.actualisation =
+        fenetreActualisation(aujourdhui.day(), reglages.entier(Reglages::Cle::AlerteActualisationDebut),
+                             reglages.entier(Reglages::Cle::AlerteActualisationFin));
     rappels.declarationImpots = moisDeDeclaration(aujourdhui);
     rappels.sauvegarde = sauvegardeDue(Sauvegardes::dateDerniereSauvegarde(chemin), aujourdhui,
                                        reglages.entier(Reglages::Cle::FichierSauvegardeJours));

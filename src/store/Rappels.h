@@ -10,12 +10,15 @@ namespace corvane {
 // The reminders of the alerts menu, worked out from the settings, the document and today.
 struct Rappels
 {
-    bool actualisation = false;    // the monthly declaration
+    bool actualisation = false;     // the monthly declaration
     bool declarationImpots = false; // the income-tax declaration
     bool sauvegarde = false;        // a backup is due
     bool contratsImpayes = false;   // contracts still unpaid after the chosen delay
 
-    int compteur() const { return int(actualisation) + int(declarationImpots) + int(sauvegarde) + int(contratsImpayes); }
+    int compteur() const
+    {
+        return int(actualisation) + int(declarationImpots) + int(sauvegarde) + int(contratsImpayes);
+    }
 
     // All off when the alerts are switched off or no document is open.
     static Rappels calculer(const QString& chemin, const Reglages& reglages);

@@ -67,11 +67,10 @@ const Definition& definition(Reglages::Cle cle)
 
 } // namespace
 
-Reglages::Reglages() : m_settings(std::make_unique<QSettings>(QStringLiteral("Corvane"), QStringLiteral("Corvane")))
-{
-}
+Reglages::Reglages() : m_settings(std::make_unique<QSettings>(QStringLiteral("Corvane"), QStringLiteral("Corvane"))) {}
 
-Reglages::Reglages(const QString& fichierIni) : m_settings(std::make_unique<QSettings>(fichierIni, QSettings::IniFormat))
+Reglages::Reglages(const QString& fichierIni)
+    : m_settings(std::make_unique<QSettings>(fichierIni, QSettings::IniFormat))
 {
 }
 

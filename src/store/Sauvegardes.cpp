@@ -30,9 +30,15 @@ QString constructionNomFichierSauvegarde(bool prefixe, bool nom, bool date, cons
         const QDate jour = Horloge::aujourdhui();
         QString texte;
         if (formatDate == 0)
-            texte = QStringLiteral("%1%2%3").arg(jour.year()).arg(jour.month(), 2, 10, QLatin1Char('0')).arg(jour.day(), 2, 10, QLatin1Char('0'));
+            texte = QStringLiteral("%1%2%3")
+                        .arg(jour.year())
+                        .arg(jour.month(), 2, 10, QLatin1Char('0'))
+                        .arg(jour.day(), 2, 10, QLatin1Char('0'));
         else if (formatDate == 1)
-            texte = QStringLiteral("%1%2%3").arg(jour.day(), 2, 10, QLatin1Char('0')).arg(jour.month(), 2, 10, QLatin1Char('0')).arg(jour.year());
+            texte = QStringLiteral("%1%2%3")
+                        .arg(jour.day(), 2, 10, QLatin1Char('0'))
+                        .arg(jour.month(), 2, 10, QLatin1Char('0'))
+                        .arg(jour.year());
         const bool unSeul = prefixe != nom;
         const bool separe = (prefixe && nom) || (unSeul && (!surnom.isEmpty() || prefixe));
         resultat += separe ? QStringLiteral("_") + texte : texte;
@@ -54,15 +60,16 @@ bool copier(const QString& source, const QString& destination, QString* erreur)
         return echec(QStringLiteral("le fichier « %1 » ne peut pas être lu.").arg(QDir::toNativeSeparators(source)));
     const QFileInfo cible(destination);
     if (!cible.absoluteDir().exists())
-        return echec(QStringLiteral("le dossier « %1 » n'existe pas.").arg(QDir::toNativeSeparators(cible.absolutePath())));
+        return echec(
+            QStringLiteral("le dossier « %1 » n'existe pas.").arg(QDir::toNativeSeparators(cible.absolutePath())));
 
     // Written beside the destination first, then put in its place: a copy that fails
     // never leaves a half-written file under the chosen name.
     const QString provisoire = destination + QStringLiteral(".copie-en-cours");
     QFile::remove(provisoire);
     sqlite3* copie = nullptr;
-    int rc = sqlite3_open_v2(provisoire.toUtf8().constData(), &copie, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
-                             nullptr);
+    int rc =
+        sqlite3_open_v2(provisoire.toUtf8().constData(), &copie, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     if (rc == SQLITE_OK) {
         sqlite3_backup* sauvegarde = sqlite3_backup_init(copie, "main", origine.handle(), "main");
         if (!sauvegarde) {
@@ -82,11 +89,13 @@ bool copier(const QString& source, const QString& destination, QString* erreur)
     }
     if (QFileInfo::exists(destination) && !QFile::remove(destination)) {
         QFile::remove(provisoire);
-        return echec(QStringLiteral("le fichier « %1 » ne peut pas être remplacé.").arg(QDir::toNativeSeparators(destination)));
+        return echec(
+            QStringLiteral("le fichier « %1 » ne peut pas être remplacé.").arg(QDir::toNativeSeparators(destination)));
     }
     if (!QFile::rename(provisoire, destination)) {
         QFile::remove(provisoire);
-        return echec(QStringLiteral("le fichier « %1 » ne peut pas être écrit.").arg(QDir::toNativeSeparators(destination)));
+        return echec(
+            QStringLiteral("le fichier « %1 » ne peut pas être écrit.").arg(QDir::toNativeSeparators(destination)));
     }
     return true;
 }
@@ -116,9 +125,10 @@ void copieDeSauvegardeWithFile(const QString& chemin, Dialogues& dialogues, Regl
 {
     const int existantes = Intermittent(chemin).compteLesEnregistrements(QStringLiteral("fichiersauvegardes"));
     const QString dernierDossier = reglages.texte(Reglages::Cle::FilesLastPath);
-    const QString dossier = dernierDossier.isEmpty()
-                                ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QStringLiteral("/Corvane")
-                                : dernierDossier;
+    const QString dossier =
+        dernierDossier.isEmpty()
+            ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QStringLiteral("/Corvane")
+            : dernierDossier;
     const QString nom = constructionNomFichierSauvegarde(reglages.booleen(Reglages::Cle::FichierSauvegardePrefixe),
                                                          reglages.booleen(Reglages::Cle::FichierSauvegardeNom),
                                                          reglages.booleen(Reglages::Cle::FichierSauvegardeDate), chemin,
@@ -152,9 +162,10 @@ void copieDeSauvegardeWithFile(const QString& chemin, Dialogues& dialogues, Regl
     if (existantes == 0)
         document.db().exec(QStringLiteral("INSERT INTO fichiersauvegardes (fs_date) VALUES ('%1');").arg(aujourdhui));
     else
-        document.db().exec(QStringLiteral("UPDATE fichiersauvegardes SET fs_date='%1' WHERE fs_id=1);").arg(aujourdhui));
-    dialogues.information(QStringLiteral("Sauvegardes"), QStringLiteral("La sauvegarde de votre fichier a été effectuée."),
-                          QStringLiteral("Fermer"));
+        document.db().exec(
+            QStringLiteral("UPDATE fichiersauvegardes SET fs_date='%1' WHERE fs_id=1);").arg(aujourdhui));
+    dialogues.information(QStringLiteral("Sauvegardes"),
+                          QStringLiteral("La sauvegarde de votre fichier a été effectuée."), QStringLiteral("Fermer"));
 }
 
 bool sauvegardePrevueAujourdhui(const QString& chemin, const Reglages& reglages)

@@ -61,10 +61,7 @@ private:
             p.password = motDePasse;
             p.isLocked = 1;
         }
-        Fichiers f(p);
-        if (!f.nouveauV4())
-            qWarning() << f.erreur();
-        return p.nomDuFichier;
+        return creerDocument(p);
     }
 
 private slots:

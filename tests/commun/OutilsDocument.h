@@ -50,6 +50,22 @@ inline NouveauDocument parametresParDefaut(const QString& chemin)
     return p;
 }
 
+// Creates a document as the program does; returns its path (a failure is reported and the test's checks then fail).
+inline QString creerDocument(const NouveauDocument& parametres)
+{
+    Fichiers fichiers(parametres);
+    if (!fichiers.nouveauV4())
+        qWarning() << fichiers.erreur();
+    return parametres.nomDuFichier;
+}
+
+// Opens a document as the program does (so the upgrade pass runs); returns the path opened.
+inline QString ouvrirDocument(const QString& chemin)
+{
+    DialoguesScriptes dialogues;
+    return Fichiers().ouvertureSQLite(chemin, QString(), dialogues);
+}
+
 inline QByteArray empreinte(const QString& chemin)
 {
     QFile f(chemin);

@@ -24,11 +24,8 @@ private slots:
     void initTestCase()
     {
         Horloge::fixer(QDate(2024, 6, 15));
-        m_chemin = m_dossier.filePath("acces.cv4");
-        Fichiers creation(parametresParDefaut(m_chemin));
-        QVERIFY(creation.nouveauV4());
-        DialoguesScriptes dialogues;
-        QCOMPARE(Fichiers().ouvertureSQLite(m_chemin, QString(), dialogues), m_chemin);
+        m_chemin = creerDocument(parametresParDefaut(m_dossier.filePath("acces.cv4")));
+        QCOMPARE(ouvrirDocument(m_chemin), m_chemin);
         BaseDeDonnees base;
         QVERIFY(base.ouvrir(m_chemin));
         QCOMPARE(base.executer("INSERT INTO employeurs (e_raison_sociale, e_commune) VALUES (?, 'Paris');",

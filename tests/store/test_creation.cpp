@@ -40,19 +40,11 @@ private:
     QTemporaryDir m_dossier;
     QString m_chemin;
 
-    QString creer(const NouveauDocument& parametres)
-    {
-        Fichiers fichiers(parametres);
-        if (!fichiers.nouveauV4())
-            qWarning() << fichiers.erreur();
-        return parametres.nomDuFichier;
-    }
-
 private slots:
     void initTestCase()
     {
         Horloge::fixer(QDate(2024, 6, 15));
-        m_chemin = creer(parametresParDefaut(m_dossier.filePath("neuf.cv4")));
+        m_chemin = creerDocument(parametresParDefaut(m_dossier.filePath("neuf.cv4")));
         QVERIFY(QFileInfo::exists(m_chemin));
     }
 
@@ -186,7 +178,7 @@ private slots:
         p.emploiId = emploiId;
         p.dateOuvertureDesDroits = QDate(2015, 3, 1);
         BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(creer(p)));
+        QVERIFY(base.ouvrirEnLecture(creerDocument(p)));
         QCOMPARE(base.texte("SELECT p_date_fin FROM periodes WHERE p_id = 1;"), Dates::versSQLite(fin));
         QCOMPARE(base.texte("SELECT dpp_date FROM datesPeriodesPreferees WHERE dpp_element = 'simulation_fin';"),
                  Dates::versSQLite(fin));
@@ -204,7 +196,7 @@ private slots:
         p.password = QStringLiteral("clé secrète");
         p.isLocked = 1;
         BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(creer(p)));
+        QVERIFY(base.ouvrirEnLecture(creerDocument(p)));
         QCOMPARE(base.colonne("SELECT u_nom || '|' || u_prenom || '|' || u_abattement || '|' || "
                               "u_autoentrepreneur_flag || '|' || u_civilite_id FROM utilisateur;"),
                  QStringList{"O'Brien|Zoë « Zo »|1|1|3"});

@@ -27,6 +27,18 @@ private:
         return QStringLiteral("<absente>");
     }
 
+    // A new document changed by `sql`, then opened as the program does.
+    QString ouvertApres(const QString& nom, const QString& sql)
+    {
+        const QString chemin = creerDocument(parametresParDefaut(m_dossier.filePath(nom)));
+        {
+            BaseDeDonnees base;
+            if (base.ouvrir(chemin))
+                base.exec(sql);
+        }
+        return ouvrirDocument(chemin) == chemin ? chemin : QString();
+    }
+
 private slots:
     void initTestCase()
     {
@@ -279,17 +291,13 @@ private slots:
 
     void nouveauDocumentRecoitLesAjouts()
     {
-        const QString chemin = m_dossier.filePath("neuf.cv4");
-        Fichiers creation(parametresParDefaut(chemin));
-        QVERIFY(creation.nouveauV4());
+        const QString chemin = creerDocument(parametresParDefaut(m_dossier.filePath("neuf.cv4")));
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(chemin));
         QCOMPARE(base.entier("SELECT COUNT(*) FROM pragma_table_info('utilisateur') WHERE name = 'u_pas';"), 0);
         base.fermer();
 
-        Fichiers fichiers;
-        DialoguesScriptes dialogues;
-        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), chemin);
+        QCOMPARE(ouvrirDocument(chemin), chemin);
         QVERIFY(base.ouvrirEnLecture(chemin));
         for (const char* colonne : {"u_pas", "u_rib_iban"})
             QCOMPARE(
@@ -307,20 +315,12 @@ private slots:
     void datesTravailleesManquantes()
     {
         // Contracts without worked dates (e.g. written by another tool) get every day of their span.
-        const QString chemin = m_dossier.filePath("vides.cv4");
-        Fichiers creation(parametresParDefaut(chemin));
-        QVERIFY(creation.nouveauV4());
-        {
-            BaseDeDonnees base;
-            QVERIFY(base.ouvrir(chemin));
-            base.exec("INSERT INTO contrats (c_debut_contrat, c_fin_contrat) VALUES ('2014-03-29 00:00:00.000', "
-                      "'2014-04-01 00:00:00.000');"
-                      "INSERT INTO contrats (c_debut_contrat, c_fin_contrat, c_dates_travaillees) VALUES "
-                      "('2014-12-31 00:00:00.000', '2015-01-01 00:00:00.000', '31/12/2014');");
-        }
-        Fichiers fichiers;
-        DialoguesScriptes dialogues;
-        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), chemin);
+        const QString chemin = ouvertApres(
+            "vides.cv4", "INSERT INTO contrats (c_debut_contrat, c_fin_contrat) VALUES ('2014-03-29 00:00:00.000', "
+                         "'2014-04-01 00:00:00.000');"
+                         "INSERT INTO contrats (c_debut_contrat, c_fin_contrat, c_dates_travaillees) VALUES "
+                         "('2014-12-31 00:00:00.000', '2015-01-01 00:00:00.000', '31/12/2014');");
+        QVERIFY(!chemin.isEmpty());
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(chemin));
         QCOMPARE(base.colonne("SELECT c_dates_travaillees || ' ' || c_annee_encaissement FROM contrats ORDER BY c_id;"),
@@ -330,23 +330,16 @@ private slots:
     void liensFraisContrats()
     {
         // A document that names its expense links in both tables but has no link table yet.
-        const QString chemin = m_dossier.filePath("liens.cv4");
-        Fichiers creation(parametresParDefaut(chemin));
-        QVERIFY(creation.nouveauV4());
-        {
-            BaseDeDonnees base;
-            QVERIFY(base.ouvrir(chemin));
-            base.exec("DROP TABLE contrats_frais;"
-                      "INSERT INTO contrats (c_id, c_debut_contrat, c_fin_contrat, c_dates_travaillees, c_frais_lies) "
-                      "VALUES (1, '2024-03-02 00:00:00.000', '2024-03-02 00:00:00.000', '02/03/2024', '1,12');"
-                      "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (1, 10, '1');"
-                      "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (2, 20, '1');"
-                      "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (12, 30, '1');"
-                      "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (3, 40, '');");
-        }
-        Fichiers fichiers;
-        DialoguesScriptes dialogues;
-        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), chemin);
+        const QString chemin = ouvertApres(
+            "liens.cv4",
+            "DROP TABLE contrats_frais;"
+            "INSERT INTO contrats (c_id, c_debut_contrat, c_fin_contrat, c_dates_travaillees, c_frais_lies) "
+            "VALUES (1, '2024-03-02 00:00:00.000', '2024-03-02 00:00:00.000', '02/03/2024', '1,12');"
+            "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (1, 10, '1');"
+            "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (2, 20, '1');"
+            "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (12, 30, '1');"
+            "INSERT INTO frais (f_id, f_montant, f_contrat_lie) VALUES (3, 40, '');");
+        QVERIFY(!chemin.isEmpty());
         BaseDeDonnees base;
         QVERIFY(base.ouvrirEnLecture(chemin));
         // Expense 2 named contract 1, which does not list it: its link is cleared.

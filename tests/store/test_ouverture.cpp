@@ -28,14 +28,7 @@ class TestOuverture : public QObject
 private:
     QTemporaryDir m_dossier;
 
-    QString nouveauDocument(const QString& nom)
-    {
-        const QString chemin = m_dossier.filePath(nom);
-        Fichiers creation(parametresParDefaut(chemin));
-        if (!creation.nouveauV4())
-            qWarning() << creation.erreur();
-        return chemin;
-    }
+    QString nouveauDocument(const QString& nom) { return creerDocument(parametresParDefaut(m_dossier.filePath(nom))); }
 
     // The kinds of bad input: each must be refused with a French message, and nothing written.
     QString mauvaiseEntree(const QString& type)

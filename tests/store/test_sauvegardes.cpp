@@ -25,10 +25,7 @@ private:
     {
         NouveauDocument p = parametresParDefaut(m_dossier.filePath(QStringLiteral("doc%1.cv4").arg(++m_numero)));
         p.nom = nom;
-        Fichiers fichiers(p);
-        if (!fichiers.nouveauV4())
-            qWarning() << fichiers.erreur();
-        return p.nomDuFichier;
+        return creerDocument(p);
     }
 
     std::unique_ptr<Reglages> reglages()
@@ -109,7 +106,8 @@ private slots:
         QCOMPARE(dialogues.panneaux()[0].extension, QStringLiteral("cv4"));
         QVERIFY(dialogues.panneaux()[0].dossier.endsWith(QStringLiteral("/Corvane")));
         QVERIFY(QFileInfo::exists(destination + ".cv4"));
-        QCOMPARE(dialogues.echanges().last().message, QStringLiteral("La sauvegarde de votre fichier a été effectuée."));
+        QCOMPARE(dialogues.echanges().last().message,
+                 QStringLiteral("La sauvegarde de votre fichier a été effectuée."));
         QCOMPARE(Sauvegardes::dateDerniereSauvegarde(chemin), QDate(2024, 3, 9));
         QCOMPARE(r->texte(Reglages::Cle::FilesLastPath), m_dossier.path());
 
@@ -117,7 +115,8 @@ private slots:
         Horloge::fixer(QDate(2024, 5, 1));
         Sauvegardes::copieDeSauvegardeWithFile(chemin, dialogues, *r);
         QCOMPARE(dialogues.panneaux()[1].dossier, m_dossier.path());
-        QCOMPARE(dialogues.echanges().last().message, QStringLiteral("La sauvegarde de votre fichier a été effectuée."));
+        QCOMPARE(dialogues.echanges().last().message,
+                 QStringLiteral("La sauvegarde de votre fichier a été effectuée."));
         QCOMPARE(Sauvegardes::dateDerniereSauvegarde(chemin), QDate(2024, 3, 9));
     }
 
@@ -256,26 +255,26 @@ private slots:
         QTest::addColumn<bool>("impayes");
         // An unpaid contract ended on 2024-03-01.
         QTest::newRow("no backup yet, March 9") << QDate(2024, 3, 9) << QDate() << 0 << false << false << true << true;
-        QTest::newRow("April 30, recent backup") << QDate(2024, 4, 30) << QDate(2024, 4, 20) << 3 << true << true
-                                                 << false << false;
-        QTest::newRow("backup exactly 30 days ago") << QDate(2024, 3, 8) << QDate(2024, 2, 7) << 0 << false << false
-                                                    << true << true;
-        QTest::newRow("backup 29 days ago") << QDate(2024, 3, 8) << QDate(2024, 2, 8) << 0 << false << false << false
-                                            << true;
-        QTest::newRow("+7 days, the day before") << QDate(2024, 3, 7) << QDate(2024, 3, 1) << 0 << true << false
-                                                 << false << false;
-        QTest::newRow("+15 days, reached") << QDate(2024, 3, 16) << QDate(2024, 3, 1) << 1 << false << false << false
-                                           << true;
-        QTest::newRow("+15 days, not yet") << QDate(2024, 3, 15) << QDate(2024, 3, 1) << 1 << false << false << false
-                                           << false;
-        QTest::newRow("+1 month, reached") << QDate(2024, 4, 1) << QDate(2024, 3, 20) << 2 << true << true << false
-                                           << true;
-        QTest::newRow("+2 month, not yet") << QDate(2024, 4, 30) << QDate(2024, 4, 20) << 3 << true << true << false
-                                           << false;
-        QTest::newRow("+2 month, reached") << QDate(2024, 5, 1) << QDate(2024, 4, 20) << 3 << true << false << false
-                                           << true;
-        QTest::newRow("rate 7 behaves as +7 days") << QDate(2024, 3, 8) << QDate(2024, 3, 1) << 7 << false << false
-                                                   << false << true;
+        QTest::newRow("April 30, recent backup")
+            << QDate(2024, 4, 30) << QDate(2024, 4, 20) << 3 << true << true << false << false;
+        QTest::newRow("backup exactly 30 days ago")
+            << QDate(2024, 3, 8) << QDate(2024, 2, 7) << 0 << false << false << true << true;
+        QTest::newRow("backup 29 days ago")
+            << QDate(2024, 3, 8) << QDate(2024, 2, 8) << 0 << false << false << false << true;
+        QTest::newRow("+7 days, the day before")
+            << QDate(2024, 3, 7) << QDate(2024, 3, 1) << 0 << true << false << false << false;
+        QTest::newRow("+15 days, reached")
+            << QDate(2024, 3, 16) << QDate(2024, 3, 1) << 1 << false << false << false << true;
+        QTest::newRow("+15 days, not yet")
+            << QDate(2024, 3, 15) << QDate(2024, 3, 1) << 1 << false << false << false << false;
+        QTest::newRow("+1 month, reached")
+            << QDate(2024, 4, 1) << QDate(2024, 3, 20) << 2 << true << true << false << true;
+        QTest::newRow("+2 month, not yet")
+            << QDate(2024, 4, 30) << QDate(2024, 4, 20) << 3 << true << true << false << false;
+        QTest::newRow("+2 month, reached")
+            << QDate(2024, 5, 1) << QDate(2024, 4, 20) << 3 << true << false << false << true;
+        QTest::newRow("rate 7 behaves as +7 days")
+            << QDate(2024, 3, 8) << QDate(2024, 3, 1) << 7 << false << false << false << true;
     }
 
     void rappelsDuDocument()
