@@ -1,8 +1,10 @@
 #include "app/ControleurApplication.h"
 
 #include "app/FenetrePrincipale.h"
+#include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
+
 #include "store/Dialogues.h"
 #include "store/Fichiers.h"
 #include "store/Horloge.h"
@@ -18,6 +20,7 @@
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyle>
+#include <QToolButton>
 
 namespace corvane::app {
 
@@ -78,6 +81,30 @@ void ControleurApplication::connecter()
         afficherSection(Section(m_reglages.entier(Cle::LastTabUsed)));
         majAlertes();
     });
+    connect(&m_fenetre, &FenetrePrincipale::verrouDemande, this, &ControleurApplication::showLockPopOver);
+}
+
+PopoverVerrou* ControleurApplication::showLockPopOver()
+{
+    if (m_document.isEmpty()) {
+        m_dialogues.information(QStringLiteral("Protection du fichier"), messageSansDocument(),
+                                QStringLiteral("Fermer"));
+        return nullptr;
+    }
+    auto* popover = new PopoverVerrou(m_document, &m_fenetre);
+    connect(popover, &PopoverVerrou::verrouillageModifie, &m_fenetre, &FenetrePrincipale::setBoutonVerrou);
+    connect(popover, &PopoverVerrou::changementMotDePasseDemande, this, &ControleurApplication::showPasswordChange);
+    popover->afficherSous(m_fenetre.boutonVerrou());
+    return popover;
+}
+
+FeuilleMotDePasse* ControleurApplication::showPasswordChange()
+{
+    if (m_document.isEmpty())
+        return nullptr;
+    auto* feuille = new FeuilleMotDePasse(m_document, &m_fenetre);
+    feuille->open();
+    return feuille;
 }
 
 bool ControleurApplication::demarrer(const QString& documentDemande)

@@ -13,6 +13,8 @@ class Reglages;
 namespace corvane::app {
 
 class FenetrePrincipale;
+class FeuilleMotDePasse;
+class PopoverVerrou;
 
 // Owns the open document's path for the whole run: prepares the settings and the
 // storage folder at start-up, opens, creates and closes documents, switches sections,
@@ -40,6 +42,10 @@ public:
     void majAlertes();
     // The backup offer at quit; the application quits whatever the answer.
     void applicationShouldTerminate();
+
+    // The lock panel under the toolbar button, and the password change it leads to.
+    PopoverVerrou* showLockPopOver();
+    FeuilleMotDePasse* showPasswordChange();
 
     static QString messageSansDocument();
 

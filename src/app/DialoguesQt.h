@@ -10,7 +10,9 @@ namespace corvane::app {
 class DialoguesQt : public Dialogues
 {
 public:
-    explicit DialoguesQt(QWidget* parent) : m_parent(parent) {}
+    explicit DialoguesQt(QWidget* parent = nullptr) : m_parent(parent) {}
+    // Message boxes are centred over this window.
+    void setParent(QWidget* parent) { m_parent = parent; }
     QString question(const QString& titre, const QString& message, const QStringList& boutons) override;
     void information(const QString& titre, const QString& message, const QString& bouton) override;
     QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,

@@ -1,5 +1,6 @@
 #include "app/FenetrePrincipale.h"
 
+#include "app/PagesSections.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
 
@@ -16,7 +17,8 @@
 
 namespace corvane::app {
 
-FenetrePrincipale::FenetrePrincipale(QWidget* parent) : QMainWindow(parent)
+FenetrePrincipale::FenetrePrincipale(Environnement& environnement, QWidget* parent)
+    : QMainWindow(parent), m_environnement(environnement)
 {
     setObjectName(QStringLiteral("fenetrePrincipale"));
     resize(1180, 760);
@@ -33,11 +35,9 @@ FenetrePrincipale::FenetrePrincipale(QWidget* parent) : QMainWindow(parent)
         auto* element = new QListWidgetItem(d.titre, m_navigation);
         element->setData(Qt::UserRole, int(d.section));
         element->setSizeHint(QSize(0, 34));
-        PageSection* p = nullptr;
+        PageSection* p = creerPage(d.section, environnement, this);
         if (d.section == Section::Fichiers)
-            p = m_fichiers = new SectionFichiers(this);
-        else
-            p = new PageAVenir(d.section, this);
+            m_fichiers = static_cast<SectionFichiers*>(p);
         m_pages << p;
         m_pile->addWidget(p);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Environnement.h"
 #include "app/Sections.h"
 #include "store/Rappels.h"
 
@@ -25,7 +26,8 @@ class FenetrePrincipale : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit FenetrePrincipale(QWidget* parent = nullptr);
+    explicit FenetrePrincipale(Environnement& environnement, QWidget* parent = nullptr);
+    Environnement& environnement() const { return m_environnement; }
 
     void setTitreDocument(const QString& chemin);
     void setFile(const QString& chemin);
@@ -39,6 +41,7 @@ public:
     SectionFichiers* sectionFichiers() const { return m_fichiers; }
     SectionVerrou* sectionVerrou() const { return m_verrou; }
     QAction* actionAlerte(int item) const;
+    QToolButton* boutonVerrou() const { return m_boutonVerrou; }
 
 signals:
     void sectionDemandee(corvane::app::Section section);
@@ -53,6 +56,7 @@ private:
     void construireBarreOutils();
     PageSection* page(Section section) const;
 
+    Environnement& m_environnement;
     QListWidget* m_navigation = nullptr;
     QStackedWidget* m_pile = nullptr;
     QList<PageSection*> m_pages;

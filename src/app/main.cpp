@@ -14,8 +14,10 @@ int main(int argc, char* argv[])
     QApplication::setDesktopFileName(QStringLiteral("fr.corvane.Corvane"));
 
     corvane::Reglages reglages;
-    corvane::app::FenetrePrincipale fenetre;
-    corvane::app::DialoguesQt dialogues(&fenetre);
+    corvane::app::DialoguesQt dialogues;
+    corvane::app::Environnement environnement{reglages, dialogues};
+    corvane::app::FenetrePrincipale fenetre(environnement);
+    dialogues.setParent(&fenetre);
     corvane::app::ControleurApplication controleur(reglages, dialogues, fenetre);
     const QStringList arguments = QApplication::arguments();
     if (!controleur.demarrer(arguments.value(1)))

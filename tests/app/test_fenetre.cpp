@@ -3,6 +3,7 @@
 
 #include "app/ControleurApplication.h"
 #include "app/FenetrePrincipale.h"
+#include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
 #include "commun/OutilsDocument.h"
@@ -16,10 +17,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QtTest>
 
 using namespace corvane;
@@ -38,8 +41,10 @@ private:
     struct Banc
     {
         std::unique_ptr<Reglages> reglages;
-        std::unique_ptr<FenetrePrincipale> fenetre;
         DialoguesScriptes dialogues;
+        std::unique_ptr<Environnement> environnement;
+        // The window goes before the settings it may write on its way out.
+        std::unique_ptr<FenetrePrincipale> fenetre;
         std::unique_ptr<ControleurApplication> controleur;
     };
     int m_numero = 0;
@@ -48,7 +53,8 @@ private:
     {
         auto b = std::make_unique<Banc>();
         b->reglages = std::make_unique<Reglages>(g_maison->filePath(QStringLiteral("reglages%1.ini").arg(++m_numero)));
-        b->fenetre = std::make_unique<FenetrePrincipale>();
+        b->environnement.reset(new Environnement{*b->reglages, b->dialogues});
+        b->fenetre = std::make_unique<FenetrePrincipale>(*b->environnement);
         b->controleur = std::make_unique<ControleurApplication>(*b->reglages, b->dialogues, *b->fenetre);
         b->fenetre->show();
         return b;
@@ -194,6 +200,88 @@ private slots:
         QVERIFY(b->fenetre->findChild<QListWidget*>("navigation")->isEnabled());
         // Unlocking for this session does not change the document.
         QVERIFY(Verrou::isFileLocked(chemin));
+    }
+
+    void protegerPuisLeverLaProtection()
+    {
+        const QString chemin = document("protege.cv4");
+        Verrou::changerMotDePasse(chemin, QStringLiteral("clé"));
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(chemin));
+        auto* bouton = b->fenetre->boutonVerrou();
+        QCOMPARE(bouton->text(), QStringLiteral("Non protégé"));
+
+        PopoverVerrou* popover = b->controleur->showLockPopOver();
+        QVERIFY(popover && popover->isVisible());
+        auto* champ = popover->findChild<QLineEdit*>("popoverMotDePasse");
+        QTest::keyClicks(champ, "cle");
+        QTest::keyClick(champ, Qt::Key_Return);
+        QVERIFY(champ->property("erreur").toBool());
+        QVERIFY(!Verrou::isFileLocked(chemin));
+
+        champ->setText(QStringLiteral("clé"));
+        QTest::mouseClick(popover->findChild<QPushButton*>("boutonEnregistrerVerrou"), Qt::LeftButton);
+        QVERIFY(Verrou::isFileLocked(chemin));
+        QCOMPARE(bouton->text(), QStringLiteral("Protégé"));
+        // The protection takes effect at the next opening only.
+        QVERIFY(b->fenetre->sectionAffichee() != Section::Verrou);
+
+        popover = b->controleur->showLockPopOver();
+        popover->findChild<QLineEdit*>("popoverMotDePasse")->setText(QStringLiteral("clé"));
+        QVERIFY(popover->saveLockStatus());
+        QVERIFY(!Verrou::isFileLocked(chemin));
+        QCOMPARE(bouton->text(), QStringLiteral("Non protégé"));
+    }
+
+    void changerLeMotDePasse_data()
+    {
+        QTest::addColumn<QString>("actuel");
+        QTest::addColumn<QString>("nouveau");
+        QTest::addColumn<QString>("confirmation");
+        QTest::addColumn<QString>("champRouge"); // "" when the change is made
+        QTest::newRow("accepté") << "ancien"
+                                 << "nouveau ü"
+                                 << "nouveau ü"
+                                 << "";
+        QTest::newRow("mauvais mot de passe actuel") << "Ancien"
+                                                     << "x"
+                                                     << "x"
+                                                     << "motDePasseActuel";
+        QTest::newRow("confirmation différente") << "ancien"
+                                                 << "x"
+                                                 << "y"
+                                                 << "motDePasseConfirmation";
+        QTest::newRow("mot de passe retiré") << "ancien"
+                                             << ""
+                                             << ""
+                                             << "";
+    }
+
+    void changerLeMotDePasse()
+    {
+        QFETCH(QString, actuel);
+        QFETCH(QString, nouveau);
+        QFETCH(QString, confirmation);
+        QFETCH(QString, champRouge);
+        const QString chemin = document(QStringLiteral("mdp%1.cv4").arg(m_numero), QStringLiteral("ancien"));
+        Verrou::enregistrerVerrouillage(chemin, false);
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(chemin));
+        FeuilleMotDePasse* feuille = b->controleur->showPasswordChange();
+        QVERIFY(feuille);
+        QPointer<FeuilleMotDePasse> garde(feuille);
+        feuille->findChild<QLineEdit*>("motDePasseActuel")->insert(actuel);
+        feuille->findChild<QLineEdit*>("motDePasseNouveau")->insert(nouveau);
+        feuille->findChild<QLineEdit*>("motDePasseConfirmation")->insert(confirmation);
+        QTest::mouseClick(feuille->findChild<QPushButton*>("boutonEnregistrerMotDePasse"), Qt::LeftButton);
+        if (champRouge.isEmpty()) {
+            QCOMPARE(Verrou::motDePasse(chemin), nouveau);
+            QTRY_VERIFY(garde.isNull() || !garde->isVisible());
+        } else {
+            QCOMPARE(Verrou::motDePasse(chemin), QStringLiteral("ancien"));
+            QVERIFY(feuille->isVisible());
+            QVERIFY(feuille->findChild<QLineEdit*>(champRouge)->property("erreur").toBool());
+        }
     }
 
     void offreDeSauvegardeAuDepart()
