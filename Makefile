@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DOCUMENT ?=
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build run test bench format clean fuzz
+.PHONY: all deps configure build run test bench format clean fuzz screenshots
 
 all: build
 
@@ -37,6 +37,19 @@ fuzz: deps
 	@mkdir -p $(BUILD_DIR)-fuzz/corpus
 	@$(BUILD_DIR)-fuzz/fuzz_csv -max_total_time=$(FUZZ_SECONDS) -timeout=10 -dict=fuzz/csv.dict \
 		-artifact_prefix=$(BUILD_DIR)-fuzz/ $(BUILD_DIR)-fuzz/corpus fuzz/corpus
+
+# Saves pictures of the main window and of each section to docs/images/, drawn offscreen on a
+# sample document, with a throwaway home so that the user's settings and documents are left alone.
+screenshots: build
+	@home=$$(mktemp -d) && trap 'rm -rf "$$home"' EXIT && \
+	mkdir -p "$$home/Documents/Corvane" docs/images && \
+	$(BUILD_DIR)/src/cli/corvane-cli nouveau "$$home/Documents/Corvane/Claire Martin.cv4" \
+		--nom Martin --prenom Claire --emploi Artiste --ouverture 2026-03-01 >/dev/null && \
+	env HOME="$$home" XDG_CONFIG_HOME="$$home/.config" XDG_DATA_HOME="$$home/.local/share" \
+		XDG_CACHE_HOME="$$home/.cache" XDG_STATE_HOME="$$home/.local/state" XDG_RUNTIME_DIR="$$home" \
+		QT_QPA_PLATFORM=offscreen TZ=Europe/Paris LANG=C.UTF-8 CORVANE_CAPTURE="$(CURDIR)/docs/images" \
+		$(BUILD_DIR)/src/app/corvane "$$home/Documents/Corvane/Claire Martin.cv4" && \
+	echo "Captures enregistrées dans docs/images/"
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i

@@ -62,6 +62,7 @@ void ControleurApplication::connecter()
 
     SectionFichiers* fichiers = m_fenetre.sectionFichiers();
     connect(fichiers, &SectionFichiers::ouvertureDemandee, this, [this](const QString& chemin) { ouvrir(chemin); });
+    connect(fichiers, &SectionFichiers::autreDocumentDemande, this, &ControleurApplication::ouvrirAutreDocument);
     connect(fichiers, &SectionFichiers::retraitDemande, this, [this](const QString& chemin) {
         Sauvegardes::removeFileFromPreferences(chemin, m_reglages);
         majSectionFichiers();
@@ -198,6 +199,14 @@ void ControleurApplication::reprendreAncienDocument()
                             QStringLiteral("Fermer"));
     QFile::remove(ancien);
     m_reglages.ecrire(Cle::FichierPath, defaut);
+}
+
+bool ControleurApplication::ouvrirAutreDocument()
+{
+    // Earlier generations are offered too: opening them leads to their conversion.
+    const QString chemin = m_dialogues.choisirFichierAOuvrir(
+        QStringLiteral("Ouvrir un fichier de travail"), m_reglages.texte(Cle::PrefsStockage), {"cv4", "or3", "orv"});
+    return !chemin.isEmpty() && ouvrir(chemin);
 }
 
 bool ControleurApplication::ouvrir(const QString& chemin)

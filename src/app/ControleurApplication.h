@@ -34,6 +34,8 @@ public:
     // Opening from the files section, the platform or the command line; true when
     // another document is now open.
     bool ouvrir(const QString& chemin);
+    // The open panel of the files section; false when the user cancels.
+    bool ouvrirAutreDocument();
     void didOpenFile(const QString& chemin);
     void didCreateNewFile(const QString& chemin);
     void fileWillClose();

@@ -7,6 +7,27 @@
 
 namespace corvane::app {
 
+namespace {
+
+// The file-type line of a panel, in the user's words.
+QString filtre(const QStringList& extensions)
+{
+    QStringList motifs;
+    for (const QString& e : extensions)
+        motifs << QStringLiteral("*.") + e;
+    const QString premiere = extensions.value(0);
+    QString genre = QStringLiteral("Fichiers");
+    if (premiere == QLatin1String("cv4") || premiere == QLatin1String("or3"))
+        genre = QStringLiteral("Fichiers Corvane");
+    else if (premiere == QLatin1String("pdf"))
+        genre = QStringLiteral("Documents PDF");
+    else if (premiere == QLatin1String("csv"))
+        genre = QStringLiteral("Fichiers CSV");
+    return QStringLiteral("%1 (%2)").arg(genre, motifs.join(QLatin1Char(' ')));
+}
+
+} // namespace
+
 QString DialoguesQt::question(const QString& titre, const QString& message, const QStringList& boutons)
 {
     QMessageBox boite(QMessageBox::Question, titre, message, QMessageBox::NoButton, m_parent);
@@ -28,9 +49,13 @@ void DialoguesQt::information(const QString& titre, const QString& message, cons
 QString DialoguesQt::choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
                                                 const QString& extension)
 {
-    return QFileDialog::getSaveFileName(m_parent, titre,
-                                        QDir(dossier).filePath(nomPropose + QLatin1Char('.') + extension),
-                                        QStringLiteral("Fichiers Corvane (*.%1)").arg(extension));
+    return QFileDialog::getSaveFileName(
+        m_parent, titre, QDir(dossier).filePath(nomPropose + QLatin1Char('.') + extension), filtre({extension}));
+}
+
+QString DialoguesQt::choisirFichierAOuvrir(const QString& titre, const QString& dossier, const QStringList& extensions)
+{
+    return QFileDialog::getOpenFileName(m_parent, titre, dossier, filtre(extensions));
 }
 
 } // namespace corvane::app

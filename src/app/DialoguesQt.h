@@ -17,6 +17,7 @@ public:
     void information(const QString& titre, const QString& message, const QString& bouton) override;
     QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
                                        const QString& extension) override;
+    QString choisirFichierAOuvrir(const QString& titre, const QString& dossier, const QStringList& extensions) override;
 
 private:
     QWidget* m_parent;

@@ -1,17 +1,19 @@
+#include "app/Captures.h"
 #include "app/ControleurApplication.h"
 #include "app/DialoguesQt.h"
 #include "app/FenetrePrincipale.h"
 #include "store/Reglages.h"
 
 #include <QApplication>
-#include <QTimer>
+#include <QIcon>
 
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvane"));
     QApplication::setOrganizationName(QStringLiteral("Corvane"));
-    QApplication::setDesktopFileName(QStringLiteral("fr.corvane.Corvane"));
+    QApplication::setDesktopFileName(QStringLiteral("org.corvane.Corvane"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icones/corvane.png")));
 
     corvane::Reglages reglages;
     corvane::app::DialoguesQt dialogues;
@@ -23,12 +25,8 @@ int main(int argc, char* argv[])
     if (!controleur.demarrer(arguments.value(1)))
         return 0;
     fenetre.show();
-    // For the documentation's screenshots: save the window as a picture and quit.
-    if (const QString capture = qEnvironmentVariable("CORVANE_CAPTURE"); !capture.isEmpty()) {
-        QTimer::singleShot(300, &fenetre, [&fenetre, capture] {
-            fenetre.grab().save(capture);
-            QApplication::quit();
-        });
-    }
+    // For the documentation's screenshots (make screenshots): save pictures of the window and quit.
+    if (const QString capture = qEnvironmentVariable("CORVANE_CAPTURE"); !capture.isEmpty())
+        corvane::app::programmerCaptures(fenetre, capture);
     return QApplication::exec();
 }

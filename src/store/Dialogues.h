@@ -20,6 +20,10 @@ public:
     // Returns the chosen path, or "" when the user cancels.
     virtual QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
                                                const QString& extension) = 0;
+    // An open panel in `dossier` showing the files with one of `extensions` (without dot).
+    // Returns the chosen path, or "" when the user cancels.
+    virtual QString choisirFichierAOuvrir(const QString& titre, const QString& dossier,
+                                          const QStringList& extensions) = 0;
 };
 
 // Answers from a list given in advance, and keeps what was asked.
@@ -49,11 +53,17 @@ public:
         m_echanges.append({titre, message, {bouton}, bouton});
     }
 
-    // The panel's answer is the next path given (cancel when none is left).
+    // A panel's answer is the next path given (cancel when none is left).
     QString choisirFichierAEnregistrer(const QString& titre, const QString& dossier, const QString& nomPropose,
                                        const QString& extension) override
     {
         m_panneaux.append({titre, dossier, nomPropose, extension});
+        return m_chemins.isEmpty() ? QString() : m_chemins.takeFirst();
+    }
+
+    QString choisirFichierAOuvrir(const QString& titre, const QString& dossier, const QStringList& extensions) override
+    {
+        m_panneaux.append({titre, dossier, QString(), extensions.join(QLatin1Char(' '))});
         return m_chemins.isEmpty() ? QString() : m_chemins.takeFirst();
     }
 

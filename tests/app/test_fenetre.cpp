@@ -148,6 +148,23 @@ private slots:
         QCOMPARE(liste->rowCount(), 1);
     }
 
+    void ouvrirUnAutreDocument()
+    {
+        const QString autre = document("autre.cv4");
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer());
+        auto* bouton = b->fenetre->findChild<QPushButton*>("boutonOuvrirAutre");
+        // Cancelling the panel changes nothing.
+        QTest::mouseClick(bouton, Qt::LeftButton);
+        QVERIFY(b->controleur->document().isEmpty());
+        b->dialogues.choisirChemins({autre});
+        QTest::mouseClick(bouton, Qt::LeftButton);
+        QCOMPARE(b->controleur->document(), autre);
+        QCOMPARE(b->dialogues.panneaux().last().extension, QStringLiteral("cv4 or3 orv"));
+        QVERIFY(b->reglages->liste(Reglages::Cle::Files).contains(autre));
+        QCOMPARE(b->fenetre->findChild<QTableWidget*>("listeFichiers")->rowCount(), 1);
+    }
+
     void ancienneGeneration()
     {
         const QString courant = document("courant.cv4");

@@ -1,0 +1,87 @@
+#include "app/Captures.h"
+
+#include "app/FenetrePrincipale.h"
+#include "app/Sections.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPixmap>
+#include <QRegularExpression>
+#include <QTimer>
+
+#include <cstdio>
+#include <memory>
+
+namespace corvane::app {
+
+namespace {
+
+// Long enough for the first layout and for a section's contents to load after being shown.
+constexpr int kDelaiPremiereCapture = 300;
+constexpr int kDelaiEntreCaptures = 150;
+
+struct Prise
+{
+    QString chemin;
+    Section section;
+};
+
+bool enregistrer(FenetrePrincipale& fenetre, const QString& chemin)
+{
+    if (fenetre.grab().save(chemin, "PNG"))
+        return true;
+    std::fprintf(stderr, "corvane: impossible d'enregistrer la capture %s\n", qPrintable(chemin));
+    return false;
+}
+
+// Shows one section after another, letting each settle before its picture is taken.
+void prendreSuivante(FenetrePrincipale& fenetre, std::shared_ptr<QList<Prise>> prises, bool reussi)
+{
+    if (prises->isEmpty()) {
+        QApplication::exit(reussi ? 0 : 1);
+        return;
+    }
+    const Prise prise = prises->takeFirst();
+    fenetre.afficherSection(prise.section);
+    QTimer::singleShot(kDelaiEntreCaptures, &fenetre, [&fenetre, prises, prise, reussi] {
+        const bool ok = enregistrer(fenetre, prise.chemin);
+        prendreSuivante(fenetre, prises, reussi && ok);
+    });
+}
+
+} // namespace
+
+QString nomDeFichierSection(const QString& titre)
+{
+    QString nom;
+    for (const QChar c : titre.normalized(QString::NormalizationForm_D))
+        if (c.unicode() < 128)
+            nom += c.toLower();
+    static const QRegularExpression autres(QStringLiteral("[^a-z0-9]+"));
+    nom.replace(autres, QStringLiteral("-"));
+    while (nom.startsWith(u'-'))
+        nom.remove(0, 1);
+    while (nom.endsWith(u'-'))
+        nom.chop(1);
+    return nom;
+}
+
+void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
+{
+    QTimer::singleShot(kDelaiPremiereCapture, &fenetre, [&fenetre, destination] {
+        if (!QFileInfo(destination).isDir()) {
+            QApplication::exit(enregistrer(fenetre, destination) ? 0 : 1);
+            return;
+        }
+        const QDir dossier(destination);
+        const bool ok = enregistrer(fenetre, dossier.filePath(QStringLiteral("fenetre-principale.png")));
+        auto prises = std::make_shared<QList<Prise>>();
+        for (const DescriptionSection& d : sectionsNavigation())
+            prises->append(
+                {dossier.filePath(QStringLiteral("section-%1.png").arg(nomDeFichierSection(d.titre))), d.section});
+        prendreSuivante(fenetre, prises, ok);
+    });
+}
+
+} // namespace corvane::app

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+namespace corvane::app {
+
+class FenetrePrincipale;
+
+// Pictures of the main window for the documentation, taken once the window has settled; the
+// application then quits (status 1 when a picture could not be written). The destination is a PNG
+// file (the window as it opened) or a folder, which receives "fenetre-principale.png" and one
+// "section-<nom>.png" per section of the navigation bar.
+void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination);
+
+// "Sécurité Sociale" -> "securite-sociale".
+QString nomDeFichierSection(const QString& titre);
+
+} // namespace corvane::app

@@ -1,0 +1,128 @@
+// The documentation's screenshots: the program run as `make screenshots` runs it, offscreen with
+// a throwaway home, leaves one picture of the window per section and quits.
+
+#include "app/Captures.h"
+#include "app/Sections.h"
+#include "commun/OutilsDocument.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::app;
+using namespace corvane::test;
+
+class TestCaptures : public QObject
+{
+    Q_OBJECT
+
+private:
+    // Runs the program on `document` with CORVANE_CAPTURE set; returns its exit code (-1: crash or hang).
+    static int lancerProgramme(const QString& maison, const QString& document, const QString& capture)
+    {
+        QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
+        for (const char* variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+            environnement.insert(QString::fromLatin1(variable), maison);
+        environnement.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environnement.insert(QStringLiteral("CORVANE_CAPTURE"), capture);
+        QProcess programme;
+        programme.setProcessEnvironment(environnement);
+        programme.start(QStringLiteral(CORVANE_EXE), {document});
+        if (!programme.waitForFinished(60000)) {
+            programme.kill();
+            programme.waitForFinished();
+            return -1;
+        }
+        return programme.exitStatus() == QProcess::NormalExit ? programme.exitCode() : -1;
+    }
+
+private slots:
+    void nomDeFichierSection_data()
+    {
+        QTest::addColumn<QString>("titre");
+        QTest::addColumn<QString>("nom");
+        QTest::newRow("mots") << "Tableau de bord"
+                              << "tableau-de-bord";
+        QTest::newRow("accents et majuscules") << "Sécurité Sociale"
+                                               << "securite-sociale";
+        QTest::newRow("circonflexe") << "Pôle Emploi"
+                                     << "pole-emploi";
+        QTest::newRow("un mot") << "Congés"
+                                << "conges";
+        QTest::newRow("ponctuation aux bords") << " (Fichiers) "
+                                               << "fichiers";
+        QTest::newRow("apostrophe") << "Droits d'auteur"
+                                    << "droits-d-auteur";
+    }
+
+    void nomDeFichierSection()
+    {
+        QFETCH(QString, titre);
+        QFETCH(QString, nom);
+        QCOMPARE(app::nomDeFichierSection(titre), nom);
+    }
+
+    void chaqueSectionASonFichier()
+    {
+        QSet<QString> noms;
+        for (const DescriptionSection& d : sectionsNavigation())
+            noms.insert(app::nomDeFichierSection(d.titre));
+        QCOMPARE(noms.size(), sectionsNavigation().size());
+        QVERIFY(!noms.contains(QString()));
+    }
+
+    void dossierRecoitUneImageParSection()
+    {
+        QTemporaryDir maison;
+        QVERIFY(maison.isValid());
+        const QString document = creerDocument(parametresParDefaut(maison.filePath(QStringLiteral("moi.cv4"))));
+        const QString dossier = maison.filePath(QStringLiteral("images"));
+        QVERIFY(QDir().mkpath(dossier));
+
+        QCOMPARE(lancerProgramme(maison.path(), document, dossier), 0);
+
+        QStringList attendus{QStringLiteral("fenetre-principale.png")};
+        for (const DescriptionSection& d : sectionsNavigation())
+            attendus << QStringLiteral("section-%1.png").arg(app::nomDeFichierSection(d.titre));
+        attendus.sort();
+        QCOMPARE(QDir(dossier).entryList(QDir::Files, QDir::Name), attendus);
+        for (const QString& nom : attendus) {
+            const QImage image(QDir(dossier).filePath(nom));
+            QVERIFY2(!image.isNull(), qPrintable(nom));
+            QCOMPARE(image.size(), QSize(1180, 760));
+        }
+        // The pictures differ from one section to the next: each section was really shown.
+        QVERIFY(QImage(QDir(dossier).filePath(QStringLiteral("section-fichiers.png"))) !=
+                QImage(QDir(dossier).filePath(QStringLiteral("section-contrats.png"))));
+    }
+
+    void fichierRecoitLaFenetre()
+    {
+        QTemporaryDir maison;
+        QVERIFY(maison.isValid());
+        const QString document = creerDocument(parametresParDefaut(maison.filePath(QStringLiteral("moi.cv4"))));
+        const QString image = maison.filePath(QStringLiteral("fenetre.png"));
+
+        QCOMPARE(lancerProgramme(maison.path(), document, image), 0);
+        QCOMPARE(QImage(image).size(), QSize(1180, 760));
+    }
+
+    void echecDEnregistrementSignale()
+    {
+        QTemporaryDir maison;
+        QVERIFY(maison.isValid());
+        const QString document = creerDocument(parametresParDefaut(maison.filePath(QStringLiteral("moi.cv4"))));
+        const QString image = maison.filePath(QStringLiteral("absent/fenetre.png"));
+
+        QCOMPARE(lancerProgramme(maison.path(), document, image), 1);
+        QVERIFY(!QFileInfo::exists(image));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCaptures)
+#include "test_captures.moc"
