@@ -1,5 +1,7 @@
 #include "app/ControleurApplication.h"
 
+#include "app/AssistantNouveauDocument.h"
+#include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
 #include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
@@ -39,7 +41,8 @@ QString documents()
 } // namespace
 
 ControleurApplication::ControleurApplication(Reglages& reglages, Dialogues& dialogues, FenetrePrincipale& fenetre)
-    : QObject(&fenetre), m_reglages(reglages), m_dialogues(dialogues), m_fenetre(fenetre)
+    : QObject(&fenetre), m_reglages(reglages), m_dialogues(dialogues), m_fenetre(fenetre),
+      m_paletteSysteme(QApplication::palette())
 {
     connecter();
 }
@@ -67,15 +70,12 @@ void ControleurApplication::connecter()
         Sauvegardes::removeFileFromPreferences(chemin, m_reglages);
         majSectionFichiers();
     });
-    connect(fichiers, &SectionFichiers::sauvegardeDemandee, this, [this] {
-        if (m_document.isEmpty()) {
-            m_dialogues.information(QStringLiteral("Sauvegardes"), messageSansDocument(), QStringLiteral("Fermer"));
-            return;
-        }
-        Sauvegardes::copieDeSauvegardeWithFile(m_document, m_dialogues, m_reglages);
-        majSectionFichiers();
-        majAlertes();
-    });
+    connect(fichiers, &SectionFichiers::sauvegardeDemandee, this, &ControleurApplication::sauvegarderMaintenant);
+    connect(fichiers, &SectionFichiers::nouveauDocumentDemande, this, &ControleurApplication::showAssistant);
+    connect(&m_fenetre, &FenetrePrincipale::nouveauDocumentDemande, this, &ControleurApplication::showAssistant);
+    connect(&m_fenetre, &FenetrePrincipale::autreDocumentDemande, this, &ControleurApplication::ouvrirAutreDocument);
+    connect(&m_fenetre, &FenetrePrincipale::sauvegardeDemandee, this, &ControleurApplication::sauvegarderMaintenant);
+    connect(&m_fenetre, &FenetrePrincipale::preferencesDemandees, this, &ControleurApplication::showPreferences);
     connect(m_fenetre.sectionVerrou(), &SectionVerrou::deverrouille, this, [this] {
         m_verrouille = false;
         m_fenetre.setVerrouille(false);
@@ -126,6 +126,9 @@ bool ControleurApplication::demarrer(const QString& documentDemande)
         ouvrir(documentDemande);
     else if (!enregistre.isEmpty() && QFileInfo::exists(enregistre) && m_reglages.entier(Cle::PrefsDemarrage) == 1)
         ouvrir(enregistre);
+    // 6: the assistant, when asked for and nothing is open.
+    if (m_document.isEmpty() && m_reglages.entier(Cle::ShowAssistant) == 1)
+        showAssistant();
     // 7 and 8: title and section.
     m_fenetre.setTitreDocument(m_document);
     if (!m_verrouille) {
@@ -199,6 +202,40 @@ void ControleurApplication::reprendreAncienDocument()
                             QStringLiteral("Fermer"));
     QFile::remove(ancien);
     m_reglages.ecrire(Cle::FichierPath, defaut);
+}
+
+void ControleurApplication::sauvegarderMaintenant()
+{
+    if (m_document.isEmpty()) {
+        m_dialogues.information(QStringLiteral("Sauvegardes"), messageSansDocument(), QStringLiteral("Fermer"));
+        return;
+    }
+    Sauvegardes::copieDeSauvegardeWithFile(m_document, m_dialogues, m_reglages);
+    majSectionFichiers();
+    majAlertes();
+}
+
+AssistantNouveauDocument* ControleurApplication::showAssistant()
+{
+    // Parented to the main window, so that it stays above it and is centred on it.
+    auto* assistant = new AssistantNouveauDocument(m_reglages, m_dialogues, &m_fenetre);
+    assistant->setAttribute(Qt::WA_DeleteOnClose);
+    connect(assistant, &AssistantNouveauDocument::documentCree, this, &ControleurApplication::didCreateNewFile);
+    assistant->open();
+    return assistant;
+}
+
+FenetrePreferences* ControleurApplication::showPreferences()
+{
+    auto* preferences = new FenetrePreferences(m_reglages, &m_fenetre);
+    preferences->setAttribute(Qt::WA_DeleteOnClose);
+    preferences->setFile(m_document);
+    connect(preferences, &FenetrePreferences::reglagesModifies, this, [this] {
+        majAlertes();
+        appliquerApparence();
+    });
+    preferences->open();
+    return preferences;
 }
 
 bool ControleurApplication::ouvrirAutreDocument()
@@ -317,8 +354,10 @@ void ControleurApplication::applicationShouldTerminate()
 void ControleurApplication::appliquerApparence()
 {
     const QString apparence = m_reglages.texte(Cle::Apparence);
-    if (apparence == QStringLiteral("systeme"))
+    if (apparence == QStringLiteral("systeme")) {
+        QApplication::setPalette(m_paletteSysteme);
         return;
+    }
     QPalette palette = QApplication::style()->standardPalette();
     if (apparence == QStringLiteral("sombre")) {
         palette.setColor(QPalette::Window, QColor(45, 45, 48));

@@ -3,6 +3,7 @@
 #include "app/Sections.h"
 
 #include <QObject>
+#include <QPalette>
 #include <QString>
 
 namespace corvane {
@@ -12,6 +13,8 @@ class Reglages;
 
 namespace corvane::app {
 
+class AssistantNouveauDocument;
+class FenetrePreferences;
 class FenetrePrincipale;
 class FeuilleMotDePasse;
 class PopoverVerrou;
@@ -45,6 +48,12 @@ public:
     // The backup offer at quit; the application quits whatever the answer.
     void applicationShouldTerminate();
 
+    // The new-document assistant, kept above the main window.
+    AssistantNouveauDocument* showAssistant();
+    FenetrePreferences* showPreferences();
+    // The backup copy made now, from the files section or the menu.
+    void sauvegarderMaintenant();
+
     // The lock panel under the toolbar button, and the password change it leads to.
     PopoverVerrou* showLockPopOver();
     FeuilleMotDePasse* showPasswordChange();
@@ -64,6 +73,8 @@ private:
     FenetrePrincipale& m_fenetre;
     QString m_document;
     bool m_verrouille = false;
+    // The palette the platform gave, restored when the user goes back to the system's appearance.
+    QPalette m_paletteSysteme;
 };
 
 } // namespace corvane::app

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QToolBar>
@@ -57,6 +58,7 @@ FenetrePrincipale::FenetrePrincipale(Environnement& environnement, QWidget* pare
     setCentralWidget(centre);
 
     construireBarreOutils();
+    construireMenus();
     setTitreDocument(QString());
 }
 
@@ -104,6 +106,53 @@ void FenetrePrincipale::construireBarreOutils()
     connect(m_boutonVerrou, &QToolButton::clicked, this, &FenetrePrincipale::verrouDemande);
     barre->addWidget(m_boutonVerrou);
     setBoutonVerrou(false);
+}
+
+void FenetrePrincipale::construireMenus()
+{
+    auto ajouter = [this](QMenu* menu, const QString& nom, const QString& libelle, const QKeySequence& raccourci,
+                          void (FenetrePrincipale::*signal)()) {
+        QAction* action = menu->addAction(libelle);
+        action->setObjectName(nom);
+        action->setShortcut(raccourci);
+        connect(action, &QAction::triggered, this, signal);
+        return action;
+    };
+    QMenu* fichier = menuBar()->addMenu(QStringLiteral("&Fichier"));
+    ajouter(fichier, QStringLiteral("actionNouveau"), QStringLiteral("&Nouveau fichier…"), QKeySequence::New,
+            &FenetrePrincipale::nouveauDocumentDemande);
+    ajouter(fichier, QStringLiteral("actionOuvrir"), QStringLiteral("&Ouvrir…"), QKeySequence::Open,
+            &FenetrePrincipale::autreDocumentDemande);
+    fichier->addSeparator();
+    ajouter(fichier, QStringLiteral("actionSauvegarder"), QStringLiteral("Faire une &copie de sauvegarde"),
+            QKeySequence(), &FenetrePrincipale::sauvegardeDemandee);
+    fichier->addSeparator();
+    ajouter(fichier, QStringLiteral("actionPreferences"), QStringLiteral("&Préférences…"),
+            QKeySequence(QStringLiteral("Ctrl+,")), &FenetrePrincipale::preferencesDemandees)
+        ->setMenuRole(QAction::PreferencesRole);
+    fichier->addSeparator();
+    QAction* quitter = fichier->addAction(QStringLiteral("&Quitter"));
+    quitter->setObjectName(QStringLiteral("actionQuitter"));
+    quitter->setShortcut(QKeySequence::Quit);
+    quitter->setMenuRole(QAction::QuitRole);
+    connect(quitter, &QAction::triggered, this, &QWidget::close);
+
+    // Ctrl+1 … Ctrl+0: the first ten sections from the keyboard.
+    QMenu* aller = menuBar()->addMenu(QStringLiteral("&Sections"));
+    int rang = 0;
+    for (const DescriptionSection& d : sectionsNavigation()) {
+        QAction* action = aller->addAction(d.titre);
+        ++rang;
+        if (rang <= 10)
+            action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(rang % 10)));
+        const Section section = d.section;
+        connect(action, &QAction::triggered, this, [this, section] { emit sectionDemandee(section); });
+    }
+}
+
+QAction* FenetrePrincipale::action(const QString& nom) const
+{
+    return findChild<QAction*>(nom);
 }
 
 void FenetrePrincipale::setTitreDocument(const QString& chemin)

@@ -41,6 +41,8 @@ public:
     SectionFichiers* sectionFichiers() const { return m_fichiers; }
     SectionVerrou* sectionVerrou() const { return m_verrou; }
     QAction* actionAlerte(int item) const;
+    // A menu bar command, by object name ("actionPreferences", "actionNouveau", …).
+    QAction* action(const QString& nom) const;
     QToolButton* boutonVerrou() const { return m_boutonVerrou; }
 
 signals:
@@ -48,12 +50,18 @@ signals:
     void alerteChoisie(int item);
     void verrouDemande();
     void fermeture();
+    // The menu bar's commands.
+    void nouveauDocumentDemande();
+    void autreDocumentDemande();
+    void sauvegardeDemandee();
+    void preferencesDemandees();
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
 
 private:
     void construireBarreOutils();
+    void construireMenus();
     PageSection* page(Section section) const;
 
     Environnement& m_environnement;

@@ -1,7 +1,9 @@
 // The application shell driven as a user would: start-up, opening, the lock, the
 // sections, the alerts and the quit offer, with the document and settings checked on disk.
 
+#include "app/AssistantNouveauDocument.h"
 #include "app/ControleurApplication.h"
+#include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
 #include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
@@ -14,6 +16,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -146,6 +149,68 @@ private slots:
         QTest::mouseClick(b->fenetre->findChild<QPushButton*>("boutonRetirer"), Qt::LeftButton);
         QCOMPARE(b->reglages->liste(Reglages::Cle::Files), QStringList{second});
         QCOMPARE(liste->rowCount(), 1);
+    }
+
+    void assistantAuDemarrage_data()
+    {
+        QTest::addColumn<int>("showAssistant");
+        QTest::addColumn<bool>("avecDocument");
+        QTest::addColumn<bool>("affiche");
+        QTest::newRow("demandé, sans document") << 1 << false << true;
+        QTest::newRow("non demandé") << 0 << false << false;
+        QTest::newRow("demandé, document ouvert") << 1 << true << false;
+    }
+
+    void assistantAuDemarrage()
+    {
+        QFETCH(int, showAssistant);
+        QFETCH(bool, avecDocument);
+        QFETCH(bool, affiche);
+        auto b = banc();
+        b->reglages->ecrire(Reglages::Cle::ShowAssistant, showAssistant);
+        QVERIFY(b->controleur->demarrer(avecDocument ? document(QStringLiteral("a%1.cv4").arg(m_numero)) : QString()));
+        auto* assistant = b->fenetre->findChild<AssistantNouveauDocument*>();
+        QCOMPARE(assistant != nullptr && assistant->isVisible(), affiche);
+    }
+
+    void creerAvecLAssistant()
+    {
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer());
+        QTest::mouseClick(b->fenetre->findChild<QPushButton*>("boutonNouveau"), Qt::LeftButton);
+        auto* assistant = b->fenetre->findChild<AssistantNouveauDocument*>();
+        QVERIFY(assistant && assistant->isVisible());
+        assistant->findChild<QLineEdit*>("prenom")->setText(QStringLiteral("Hélène"));
+        assistant->findChild<QLineEdit*>("nom")->setText(QStringLiteral("D'Arc"));
+        assistant->button(QWizard::NextButton)->click();
+        assistant->button(QWizard::NextButton)->click();
+        assistant->button(QWizard::FinishButton)->click();
+
+        const QString attendu = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) +
+                                QStringLiteral("/Corvane/Hélène D'Arc.cv4");
+        QCOMPARE(b->controleur->document(), attendu);
+        QCOMPARE(b->fenetre->windowTitle(), QStringLiteral("Hélène D'Arc.cv4"));
+        QVERIFY(b->reglages->liste(Reglages::Cle::Files).contains(attendu));
+        BaseDeDonnees db;
+        QVERIFY(db.ouvrir(attendu));
+        QCOMPARE(db.texte(QStringLiteral("SELECT u_nom FROM utilisateur WHERE u_id = 1;")), QStringLiteral("D'Arc"));
+        db.fermer();
+        QFile::remove(attendu);
+    }
+
+    void preferencesDepuisLeMenu()
+    {
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(document("prefs.cv4")));
+        auto* badge = b->fenetre->findChild<QLabel*>("badgeAlertes");
+        QTRY_VERIFY(badge->isVisible());
+        b->fenetre->action(QStringLiteral("actionPreferences"))->trigger();
+        auto* preferences = b->fenetre->findChild<FenetrePreferences*>();
+        QVERIFY(preferences && preferences->isVisible());
+        // Switching the alerts off clears the badge at once.
+        preferences->findChild<QCheckBox*>(Reglages::nom(Reglages::Cle::ActiverAlertes))->click();
+        QVERIFY(!b->reglages->booleen(Reglages::Cle::ActiverAlertes));
+        QTRY_VERIFY(!badge->isVisible());
     }
 
     void ouvrirUnAutreDocument()

@@ -1,0 +1,409 @@
+// The new-document assistant filled in through its widgets; the document it creates
+// is then read back with SQLite.
+
+#include "app/AssistantNouveauDocument.h"
+#include "commun/OutilsDocument.h"
+#include "store/Horloge.h"
+#include "store/Reglages.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::app;
+using namespace corvane::test;
+
+namespace {
+QTemporaryDir* g_maison = nullptr;
+}
+
+class TestAssistant : public QObject
+{
+    Q_OBJECT
+
+private:
+    struct Banc
+    {
+        std::unique_ptr<Reglages> reglages;
+        DialoguesScriptes dialogues;
+        std::unique_ptr<AssistantNouveauDocument> assistant;
+        QString dossier;
+    };
+    int m_numero = 0;
+
+    std::unique_ptr<Banc> banc()
+    {
+        auto b = std::make_unique<Banc>();
+        ++m_numero;
+        b->dossier = g_maison->filePath(QStringLiteral("stockage%1").arg(m_numero));
+        QDir().mkpath(b->dossier);
+        b->reglages = std::make_unique<Reglages>(g_maison->filePath(QStringLiteral("reglages%1.ini").arg(m_numero)));
+        b->reglages->ecrire(Reglages::Cle::PrefsStockage, b->dossier);
+        b->assistant = std::make_unique<AssistantNouveauDocument>(*b->reglages, b->dialogues);
+        b->assistant->show();
+        return b;
+    }
+
+    template <typename T>
+    static T* widget(AssistantNouveauDocument& a, const QString& nom)
+    {
+        T* trouve = a.findChild<T*>(nom);
+        if (!trouve)
+            qWarning() << "widget introuvable :" << nom;
+        return trouve;
+    }
+
+    // Typed key by key; QTest::keyClicks only knows ASCII.
+    static void taper(QWidget* champ, const QString& texte)
+    {
+        for (const QChar c : texte) {
+            if (c.unicode() < 128) {
+                QTest::keyClick(champ, c.toLatin1());
+            } else {
+                QTest::sendKeyEvent(QTest::Press, champ, Qt::Key_unknown, QString(c), Qt::NoModifier);
+                QTest::sendKeyEvent(QTest::Release, champ, Qt::Key_unknown, QString(c), Qt::NoModifier);
+            }
+        }
+    }
+
+    static void saisir(AssistantNouveauDocument& a, const QString& nom, const QString& texte)
+    {
+        auto* ligne = widget<QLineEdit>(a, nom);
+        ligne->clear();
+        taper(ligne, texte);
+    }
+
+    static void choisir(AssistantNouveauDocument& a, const QString& nom, const QString& texte)
+    {
+        auto* liste = widget<QComboBox>(a, nom);
+        const int index = liste->findText(texte);
+        QVERIFY2(index >= 0, qPrintable(texte));
+        liste->setCurrentIndex(index);
+    }
+
+    static void suivant(AssistantNouveauDocument& a) { a.button(QWizard::NextButton)->click(); }
+    static void terminer(AssistantNouveauDocument& a) { a.button(QWizard::FinishButton)->click(); }
+
+    // Fills every page with a valid profile and goes to the last page.
+    static void remplir(AssistantNouveauDocument& a, const QString& motDePasse = {}, const QString& confirmation = {})
+    {
+        saisir(a, "prenom", "Jeanne");
+        saisir(a, "nom", "Dupont");
+        suivant(a);
+        widget<QDateEdit>(a, "dateOuvertureDroits")->setDate(QDate(2024, 3, 1));
+        saisir(a, "tauxValide", "57,40");
+        suivant(a);
+        saisir(a, "motDePasse", motDePasse);
+        saisir(a, "confirmationMotDePasse", confirmation);
+    }
+
+private slots:
+    void init() { Horloge::fixer(QDate(2024, 3, 12)); }
+
+    void enFrancais()
+    {
+        auto b = banc();
+        AssistantNouveauDocument& a = *b->assistant;
+        QCOMPARE(a.windowTitle(), QStringLiteral("Nouveau document"));
+        QCOMPARE(a.buttonText(QWizard::NextButton), QStringLiteral("Suivant >"));
+        QCOMPARE(a.buttonText(QWizard::FinishButton), QStringLiteral("Créer le document"));
+        QCOMPARE(a.buttonText(QWizard::CancelButton), QStringLiteral("Annuler"));
+        auto* emplois = widget<QComboBox>(a, "emploi");
+        QCOMPARE(emplois->count(), 5);
+        QCOMPARE(emplois->itemText(3), QStringLiteral("Régime Général"));
+        QCOMPARE(emplois->itemText(4), QStringLiteral("Auto Entrepreneur"));
+        QCOMPARE(widget<QComboBox>(a, "civilite")->itemText(2), QStringLiteral("Mr"));
+        auto* date = widget<QDateEdit>(a, "dateOuvertureDroits");
+        QCOMPARE(date->displayFormat(), QStringLiteral("dd/MM/yyyy"));
+        QVERIFY(date->calendarPopup());
+        QCOMPARE(date->date(), QDate(2024, 3, 12));
+    }
+
+    void creation_data()
+    {
+        QTest::addColumn<QString>("civilite");
+        QTest::addColumn<int>("civiliteId");
+        QTest::addColumn<QString>("prenom");
+        QTest::addColumn<QString>("nom");
+        QTest::addColumn<QString>("emploi");
+        QTest::addColumn<int>("emploiId");
+        QTest::addColumn<QDate>("ouverture");
+        QTest::addColumn<QString>("taux");
+        QTest::addColumn<double>("tauxEnregistre");
+        QTest::addColumn<bool>("renonce");
+        QTest::addColumn<int>("abattement");
+        QTest::addColumn<bool>("autoEntrepreneur");
+        QTest::addColumn<QString>("motDePasse");
+        QTest::newRow("artiste sans mot de passe")
+            << "Mme" << 1 << "Jeanne"
+            << "Dupont"
+            << "Artiste" << 1 << QDate(2024, 3, 1) << "57,40" << 57.4 << false << 2 << false << "";
+        QTest::newRow("technicien protégé, sans abattement") << "Mr" << 3 << "Jean-Luc"
+                                                             << "O'Brien"
+                                                             << "Technicien" << 3 << QDate(2023, 9, 15) << "1 234,5"
+                                                             << 1234.5 << true << 1 << true << "sésame ouvre-toi";
+        QTest::newRow("auto-entrepreneur, taux à point")
+            << "Mlle" << 2 << "Zoé"
+            << "Lemaître"
+            << "Auto Entrepreneur" << 5 << QDate(2022, 12, 31) << "31.8" << 31.8 << false << 2 << true << "";
+        QTest::newRow("régime général, taux vide")
+            << "Mme" << 1 << "Ana"
+            << "Ruiz"
+            << "Régime Général" << 4 << QDate(2024, 1, 2) << "" << 0.0 << false << 2 << false << "";
+    }
+
+    void creation()
+    {
+        QFETCH(QString, civilite);
+        QFETCH(int, civiliteId);
+        QFETCH(QString, prenom);
+        QFETCH(QString, nom);
+        QFETCH(QString, emploi);
+        QFETCH(int, emploiId);
+        QFETCH(QDate, ouverture);
+        QFETCH(QString, taux);
+        QFETCH(double, tauxEnregistre);
+        QFETCH(bool, renonce);
+        QFETCH(int, abattement);
+        QFETCH(bool, autoEntrepreneur);
+        QFETCH(QString, motDePasse);
+
+        auto b = banc();
+        AssistantNouveauDocument& a = *b->assistant;
+        QSignalSpy cree(&a, &AssistantNouveauDocument::documentCree);
+        choisir(a, "civilite", civilite);
+        saisir(a, "prenom", prenom);
+        saisir(a, "nom", nom);
+        suivant(a);
+        QCOMPARE(a.currentId(), int(AssistantNouveauDocument::PageSituation));
+        choisir(a, "emploi", emploi);
+        widget<QDateEdit>(a, "dateOuvertureDroits")->setDate(ouverture);
+        saisir(a, "tauxValide", taux);
+        if (renonce)
+            widget<QCheckBox>(a, "renonceAbattement")->click();
+        if (autoEntrepreneur)
+            widget<QCheckBox>(a, "autoEntrepreneur")->click();
+        suivant(a);
+        QCOMPARE(a.currentId(), int(AssistantNouveauDocument::PageDocument));
+        saisir(a, "motDePasse", motDePasse);
+        saisir(a, "confirmationMotDePasse", motDePasse);
+
+        // The save panel opens in the storage folder with the user's name; the extension is added.
+        const QString sansExtension = QDir(b->dossier).filePath(QStringLiteral("mon dossier"));
+        b->dialogues.choisirChemins({sansExtension});
+        widget<QPushButton>(a, "boutonChoisirChemin")->click();
+        QCOMPARE(b->dialogues.panneaux().size(), 1);
+        QCOMPARE(b->dialogues.panneaux()[0].dossier, b->dossier);
+        QCOMPARE(b->dialogues.panneaux()[0].nomPropose, prenom + " " + nom);
+        QCOMPARE(b->dialogues.panneaux()[0].extension, QStringLiteral("cv4"));
+        const QString chemin = sansExtension + QStringLiteral(".cv4");
+        QCOMPARE(widget<QLineEdit>(a, "cheminDocument")->text(), chemin);
+
+        terminer(a);
+        QVERIFY2(b->dialogues.echanges().isEmpty(), qPrintable(b->dialogues.echanges().value(0).message));
+        QCOMPARE(a.result(), int(QDialog::Accepted));
+        QVERIFY(!a.isVisible());
+        QCOMPARE(a.cheminCree(), chemin);
+        QCOMPARE(cree.size(), 1);
+        QCOMPARE(cree[0][0].toString(), chemin);
+
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrirEnLecture(chemin));
+        const auto profil = base.lignes("SELECT u_nom, u_prenom, u_civilite_id, u_emploi_id, u_date_debut_dossier, "
+                                        "u_taux_valide, u_abattement, u_autoentrepreneur_flag FROM utilisateur;");
+        QCOMPARE(profil.size(), 1);
+        QCOMPARE(profil[0].value("u_nom").toString(), nom);
+        QCOMPARE(profil[0].value("u_prenom").toString(), prenom);
+        QCOMPARE(profil[0].value("u_civilite_id").toInt(), civiliteId);
+        QCOMPARE(profil[0].value("u_emploi_id").toInt(), emploiId);
+        QCOMPARE(profil[0].value("u_date_debut_dossier").toString(),
+                 ouverture.toString("yyyy-MM-dd") + " 00:00:00.000");
+        QCOMPARE(profil[0].value("u_taux_valide").toDouble(), tauxEnregistre);
+        QCOMPARE(profil[0].value("u_abattement").toInt(), abattement);
+        QCOMPARE(profil[0].value("u_autoentrepreneur_flag").toInt(), autoEntrepreneur ? 1 : 0);
+        QCOMPARE(base.entier("SELECT f_locked FROM file WHERE f_id = 1;"), motDePasse.isEmpty() ? 0 : 1);
+        QCOMPARE(base.texte("SELECT f_password FROM file WHERE f_id = 1;"),
+                 QString::fromLatin1(motDePasse.toUtf8().toBase64()));
+    }
+
+    void cheminPropose()
+    {
+        auto b = banc();
+        AssistantNouveauDocument& a = *b->assistant;
+        auto* chemin = widget<QLineEdit>(a, "cheminDocument");
+        QCOMPARE(chemin->text(), QDir(b->dossier).filePath("Corvane.cv4"));
+        saisir(a, "prenom", "Jeanne");
+        saisir(a, "nom", "Du/pont");
+        QCOMPARE(chemin->text(), QDir(b->dossier).filePath("Jeanne Du-pont.cv4"));
+
+        // Once the user has written the path, the name no longer follows it; the extension is added.
+        suivant(a);
+        suivant(a);
+        chemin->selectAll();
+        taper(chemin, "perso");
+        widget<QLineEdit>(a, "nom")->setText("Martin");
+        QCOMPARE(chemin->text(), QStringLiteral("perso"));
+        terminer(a);
+        QCOMPARE(a.cheminCree(), QDir(b->dossier).filePath("perso.cv4"));
+        QVERIFY(QFileInfo::exists(a.cheminCree()));
+    }
+
+    void sansDossierDeStockage()
+    {
+        auto b = banc();
+        b->reglages->ecrire(Reglages::Cle::PrefsStockage, g_maison->filePath("disparu"));
+        AssistantNouveauDocument a(*b->reglages, b->dialogues);
+        QCOMPARE(a.dossierParDefaut(),
+                 QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QStringLiteral("/Corvane"));
+    }
+
+    void annulerLePanneau()
+    {
+        auto b = banc();
+        AssistantNouveauDocument& a = *b->assistant;
+        const QString avant = widget<QLineEdit>(a, "cheminDocument")->text();
+        widget<QPushButton>(a, "boutonChoisirChemin")->click(); // no path scripted: cancelled
+        QCOMPARE(widget<QLineEdit>(a, "cheminDocument")->text(), avant);
+    }
+
+    void refus_data()
+    {
+        QTest::addColumn<QString>("motDePasse");
+        QTest::addColumn<QString>("confirmation");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("confirmation différente") << "secret"
+                                                 << "secrte"
+                                                 << "Le mot de passe et sa confirmation sont différents.";
+        QTest::newRow("confirmation sans mot de passe") << ""
+                                                        << "secret"
+                                                        << "Le mot de passe et sa confirmation sont différents.";
+        QTest::newRow("mot de passe sans confirmation") << "secret"
+                                                        << ""
+                                                        << "Le mot de passe et sa confirmation sont différents.";
+    }
+
+    void refus()
+    {
+        QFETCH(QString, motDePasse);
+        QFETCH(QString, confirmation);
+        QFETCH(QString, message);
+        auto b = banc();
+        AssistantNouveauDocument& a = *b->assistant;
+        QSignalSpy cree(&a, &AssistantNouveauDocument::documentCree);
+        remplir(a, motDePasse, confirmation);
+        const QString chemin = widget<QLineEdit>(a, "cheminDocument")->text();
+        terminer(a);
+        QCOMPARE(b->dialogues.echanges().size(), 1);
+        QCOMPARE(b->dialogues.echanges()[0].titre, QStringLiteral("Nouveau document"));
+        QCOMPARE(b->dialogues.echanges()[0].message, message);
+        QCOMPARE(b->dialogues.echanges()[0].boutons, QStringList{"Fermer"});
+        QVERIFY(a.isVisible());
+        QCOMPARE(a.currentId(), int(AssistantNouveauDocument::PageDocument));
+        QVERIFY(!QFileInfo::exists(chemin));
+        QCOMPARE(cree.size(), 0);
+        QVERIFY(a.cheminCree().isEmpty());
+
+        // Corrected, it goes through.
+        saisir(a, "motDePasse", "secret");
+        saisir(a, "confirmationMotDePasse", "secret");
+        terminer(a);
+        QCOMPARE(cree.size(), 1);
+        QVERIFY(QFileInfo::exists(chemin));
+    }
+
+    void fichierExistantRefuse()
+    {
+        auto b = banc();
+        const QString chemin = creerDocument(parametresParDefaut(QDir(b->dossier).filePath("Jeanne Dupont.cv4")));
+        const QByteArray avant = empreinte(chemin);
+        AssistantNouveauDocument& a = *b->assistant;
+        QSignalSpy cree(&a, &AssistantNouveauDocument::documentCree);
+        remplir(a);
+        QCOMPARE(widget<QLineEdit>(a, "cheminDocument")->text(), chemin);
+        terminer(a);
+        QCOMPARE(b->dialogues.echanges().size(), 1);
+        QVERIFY2(b->dialogues.echanges()[0].message.contains(QStringLiteral("existe déjà")),
+                 qPrintable(b->dialogues.echanges()[0].message));
+        QVERIFY(a.isVisible());
+        QCOMPARE(cree.size(), 0);
+        QCOMPARE(empreinte(chemin), avant);
+    }
+
+    void dossierAbsentRefuse()
+    {
+        auto b = banc();
+        AssistantNouveauDocument& a = *b->assistant;
+        remplir(a);
+        const QString chemin = g_maison->filePath("absent/nouveau.cv4");
+        auto* ligne = widget<QLineEdit>(a, "cheminDocument");
+        ligne->selectAll();
+        taper(ligne, chemin);
+        terminer(a);
+        QCOMPARE(b->dialogues.echanges().size(), 1);
+        QVERIFY(b->dialogues.echanges()[0].message.contains(QStringLiteral("n'existe pas")));
+        QVERIFY(a.isVisible());
+        QVERIFY(!QFileInfo::exists(chemin));
+    }
+
+    void tauxRefuse()
+    {
+        auto b = banc();
+        AssistantNouveauDocument& a = *b->assistant;
+        suivant(a);
+        saisir(a, "tauxValide", "abc");
+        QCOMPARE(widget<QLineEdit>(a, "tauxValide")->text(), QString()); // letters cannot be typed
+        saisir(a, "tauxValide", ",");
+        suivant(a);
+        QCOMPARE(a.currentId(), int(AssistantNouveauDocument::PageSituation));
+        QCOMPARE(b->dialogues.echanges().size(), 1);
+        QVERIFY(b->dialogues.echanges()[0].message.startsWith(QStringLiteral("Le taux journalier validé")));
+    }
+
+    void lireTaux_data()
+    {
+        QTest::addColumn<QString>("texte");
+        QTest::addColumn<bool>("valide");
+        QTest::addColumn<double>("taux");
+        QTest::newRow("virgule") << "57,40" << true << 57.4;
+        QTest::newRow("point") << "57.4" << true << 57.4;
+        QTest::newRow("milliers") << "1 234,5" << true << 1234.5;
+        QTest::newRow("espace insécable") << QString("1\u00a0234,5") << true << 1234.5;
+        QTest::newRow("vide") << "" << true << 0.0;
+        QTest::newRow("virgule seule") << "," << false << 0.0;
+        QTest::newRow("négatif") << "-3" << false << 0.0;
+        QTest::newRow("lettres") << "douze" << false << 0.0;
+    }
+
+    void lireTaux()
+    {
+        QFETCH(QString, texte);
+        QFETCH(bool, valide);
+        QFETCH(double, taux);
+        const auto lu = AssistantNouveauDocument::lireTaux(texte);
+        QCOMPARE(lu.has_value(), valide);
+        if (valide)
+            QCOMPARE(*lu, taux);
+    }
+};
+
+int main(int argc, char* argv[])
+{
+    // The user's real folders are never touched: Documents and the settings live here.
+    QTemporaryDir maison;
+    g_maison = &maison;
+    qputenv("HOME", maison.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
+    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
+    QApplication application(argc, argv);
+    TestAssistant test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_assistant.moc"

@@ -1,0 +1,401 @@
+// The preferences window driven through its widgets, with every setting checked in
+// the INI file on disk.
+
+#include "app/FenetrePreferences.h"
+#include "app/PanneauPreferencesAlertes.h"
+#include "app/PanneauPreferencesGeneral.h"
+#include "app/PanneauPreferencesSauvegardes.h"
+#include "commun/OutilsDocument.h"
+#include "store/Horloge.h"
+#include "store/Reglages.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::app;
+using namespace corvane::test;
+
+namespace {
+QTemporaryDir* g_maison = nullptr;
+
+// A pane of a later issue, which tells its changes the usual way.
+class PanneauEssai : public QWidget
+{
+    Q_OBJECT
+signals:
+    void modifie();
+};
+} // namespace
+
+class TestPreferences : public QObject
+{
+    Q_OBJECT
+
+private:
+    int m_numero = 0;
+    QString m_ini;
+    std::unique_ptr<Reglages> m_reglages;
+
+    // The settings as written in the file, read as text: what another run would find.
+    QMap<QString, QString> ini() const
+    {
+        QFile f(m_ini);
+        if (!f.open(QIODevice::ReadOnly))
+            return {};
+        QMap<QString, QString> valeurs;
+        for (const QString& ligne : QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'))) {
+            const qsizetype egal = ligne.indexOf(QLatin1Char('='));
+            if (egal > 0 && !ligne.startsWith(QLatin1Char('[')))
+                valeurs.insert(ligne.left(egal).trimmed(), ligne.mid(egal + 1).trimmed());
+        }
+        return valeurs;
+    }
+
+    std::unique_ptr<FenetrePreferences> fenetre()
+    {
+        auto f = std::make_unique<FenetrePreferences>(*m_reglages);
+        f->show();
+        return f;
+    }
+
+    template <typename T>
+    T* widget(FenetrePreferences& f, const QString& nom)
+    {
+        T* trouve = f.findChild<T*>(nom);
+        if (!trouve)
+            qWarning() << "widget introuvable :" << nom;
+        return trouve;
+    }
+
+private slots:
+    void init()
+    {
+        Horloge::fixer(QDate(2024, 3, 12));
+        m_ini = g_maison->filePath(QStringLiteral("preferences%1.ini").arg(++m_numero));
+        m_reglages = std::make_unique<Reglages>(m_ini);
+    }
+
+    void panneaux()
+    {
+        auto f = fenetre();
+        QCOMPARE(f->windowTitle(), QStringLiteral("Préférences"));
+        QCOMPARE(f->titresPanneaux(), (QStringList{"Général", "Sauvegardes", "Alertes"}));
+        QCOMPARE(f->panneauAffiche(), QStringLiteral("Général"));
+        f->afficherPanneau(QStringLiteral("Alertes"));
+        QCOMPARE(f->panneauAffiche(), QStringLiteral("Alertes"));
+        QVERIFY(f->panneauAlertes()->isVisible());
+        QVERIFY(!f->panneauGeneral()->isVisible());
+
+        // A pane added later is listed, shown and relayed.
+        auto* essai = new PanneauEssai;
+        QCOMPARE(f->ajouterPanneau(QStringLiteral("Couleurs"), essai), 3);
+        QCOMPARE(f->titresPanneaux().last(), QStringLiteral("Couleurs"));
+        f->afficherPanneau(QStringLiteral("Couleurs"));
+        QVERIFY(essai->isVisible());
+        QSignalSpy modifies(f.get(), &FenetrePreferences::reglagesModifies);
+        emit essai->modifie();
+        QCOMPARE(modifies.size(), 1);
+
+        // Showing the values writes nothing.
+        QVERIFY(ini().isEmpty());
+    }
+
+    void casesACocher_data()
+    {
+        QTest::addColumn<QString>("nom");
+        QTest::addColumn<QString>("ecrit");
+        QTest::addColumn<bool>("cocheeAuDepart");
+        QTest::newRow("ouvrir au démarrage") << "prefsDemarrage"
+                                             << "0" << true;
+        QTest::newRow("dernière section") << "OpenLastTab"
+                                          << "false" << true;
+        QTest::newRow("assistant au démarrage") << "ShowAssistant"
+                                                << "1" << false;
+        QTest::newRow("préfixe") << "Configuration_FichierSauvegardePrefixe"
+                                 << "false" << true;
+        QTest::newRow("nom") << "Configuration_FichierSauvegardeNom"
+                             << "false" << true;
+        QTest::newRow("date") << "Configuration_FichierSauvegardeDate"
+                              << "false" << true;
+        QTest::newRow("sauvegarde proposée") << "Configuration_FichierSauvegardeAuto"
+                                             << "false" << true;
+        QTest::newRow("alertes") << "Configuration_ActiverAlertes"
+                                 << "false" << true;
+    }
+
+    void casesACocher()
+    {
+        QFETCH(QString, nom);
+        QFETCH(QString, ecrit);
+        QFETCH(bool, cocheeAuDepart);
+        auto f = fenetre();
+        QSignalSpy modifies(f.get(), &FenetrePreferences::reglagesModifies);
+        auto* boite = widget<QCheckBox>(*f, nom);
+        QVERIFY(boite);
+        QCOMPARE(boite->isChecked(), cocheeAuDepart);
+        boite->click();
+        QCOMPARE(ini().value(nom), ecrit);
+        QCOMPARE(modifies.size(), 1);
+        boite->click();
+        QCOMPARE(QVariant(ini().value(nom)).toBool(), cocheeAuDepart);
+    }
+
+    void compteurs_data()
+    {
+        QTest::addColumn<QString>("nom");
+        QTest::addColumn<QString>("frappe");
+        QTest::addColumn<QString>("ecrit");
+        QTest::newRow("jours entre deux sauvegardes") << "Configuration_FichierSauvegardeJours"
+                                                      << "45"
+                                                      << "45";
+        QTest::newRow("début du rappel") << "Configuration_AlerteActualisationDebut"
+                                         << "25"
+                                         << "25";
+        QTest::newRow("fin du rappel") << "Configuration_AlerteActualisationFin"
+                                       << "5"
+                                       << "5";
+        QTest::newRow("un jour du mois au plus 31") << "Configuration_AlerteActualisationDebut"
+                                                    << "40"
+                                                    << "4";
+    }
+
+    void compteurs()
+    {
+        QFETCH(QString, nom);
+        QFETCH(QString, frappe);
+        QFETCH(QString, ecrit);
+        auto f = fenetre();
+        auto* compteur = widget<QSpinBox>(*f, nom);
+        QVERIFY(compteur);
+        f->afficherPanneau(nom.contains("Alerte") ? QStringLiteral("Alertes") : QStringLiteral("Sauvegardes"));
+        compteur->setFocus();
+        QTest::keyClick(compteur, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(compteur, frappe);
+        QTest::keyClick(compteur, Qt::Key_Return);
+        QCOMPARE(ini().value(nom), ecrit);
+    }
+
+    void listesDeroulantes_data()
+    {
+        QTest::addColumn<QString>("nom");
+        QTest::addColumn<QString>("choix");
+        QTest::addColumn<QString>("ecrit");
+        QTest::newRow("apparence sombre") << "Apparence"
+                                          << "Sombre"
+                                          << "sombre";
+        QTest::newRow("apparence claire") << "Apparence"
+                                          << "Claire"
+                                          << "clair";
+        QTest::newRow("date jour mois année") << "SaveDateFormat"
+                                              << "jour, mois, année (jjmmaaaa)"
+                                              << "1";
+        QTest::newRow("contrats après 15 jours") << "ContractsAlertRate"
+                                                 << "15 jours"
+                                                 << "1";
+        QTest::newRow("contrats après 2 mois") << "ContractsAlertRate"
+                                               << "2 mois"
+                                               << "3";
+    }
+
+    void listesDeroulantes()
+    {
+        QFETCH(QString, nom);
+        QFETCH(QString, choix);
+        QFETCH(QString, ecrit);
+        auto f = fenetre();
+        auto* liste = widget<QComboBox>(*f, nom);
+        QVERIFY(liste);
+        const int index = liste->findText(choix);
+        QVERIFY2(index >= 0, qPrintable(choix));
+        liste->setCurrentIndex(index);
+        QCOMPARE(ini().value(nom), ecrit);
+    }
+
+    void apparenceInconnue()
+    {
+        m_reglages->ecrire(Reglages::Cle::Apparence, QStringLiteral("violette"));
+        auto f = fenetre();
+        QCOMPARE(widget<QComboBox>(*f, "Apparence")->currentText(), QStringLiteral("Celle du système"));
+    }
+
+    void delaiDesContrats_data()
+    {
+        QTest::addColumn<int>("enregistre");
+        QTest::addColumn<QString>("affiche");
+        QTest::newRow("0") << 0 << "7 jours";
+        QTest::newRow("2") << 2 << "1 mois";
+        QTest::newRow("3") << 3 << "2 mois";
+        QTest::newRow("7 compte comme 0") << 7 << "7 jours";
+        QTest::newRow("-1 compte comme 0") << -1 << "7 jours";
+    }
+
+    void delaiDesContrats()
+    {
+        QFETCH(int, enregistre);
+        QFETCH(QString, affiche);
+        m_reglages->ecrire(Reglages::Cle::ContractsAlertRate, enregistre);
+        m_reglages->synchroniser();
+        auto f = fenetre();
+        QCOMPARE(widget<QComboBox>(*f, "ContractsAlertRate")->currentText(), affiche);
+        // Showing it does not rewrite the stored value.
+        QCOMPARE(ini().value("ContractsAlertRate"), QString::number(enregistre));
+    }
+
+    void apercuDuNomDeSauvegarde_data()
+    {
+        QTest::addColumn<bool>("prefixe");
+        QTest::addColumn<bool>("nom");
+        QTest::addColumn<bool>("date");
+        QTest::addColumn<int>("format");
+        QTest::addColumn<QString>("attendu");
+        QTest::newRow("tout") << true << true << true << 0 << "Corvane_Dupont_20240312.cv4";
+        QTest::newRow("jour mois année") << true << true << true << 1 << "Corvane_Dupont_12032024.cv4";
+        QTest::newRow("sans préfixe") << false << true << true << 0 << "Dupont_20240312.cv4";
+        QTest::newRow("sans nom") << true << false << true << 0 << "Corvane_20240312.cv4";
+        QTest::newRow("sans date") << true << true << false << 0 << "Corvane_Dupont.cv4";
+        QTest::newRow("la date seule") << false << false << true << 0 << "20240312.cv4";
+        QTest::newRow("rien") << false << false << false << 0 << "sauvegarde.cv4";
+    }
+
+    void apercuDuNomDeSauvegarde()
+    {
+        QFETCH(bool, prefixe);
+        QFETCH(bool, nom);
+        QFETCH(bool, date);
+        QFETCH(int, format);
+        QFETCH(QString, attendu);
+        const QString chemin =
+            creerDocument(parametresParDefaut(g_maison->filePath(QStringLiteral("apercu%1.cv4").arg(m_numero))));
+        auto f = fenetre();
+        f->setFile(chemin);
+        f->afficherPanneau(QStringLiteral("Sauvegardes"));
+        auto* apercu = widget<QLabel>(*f, "apercuNomSauvegarde");
+        QVERIFY(apercu);
+        QCOMPARE(apercu->text(), QStringLiteral("Corvane_Dupont_20240312.cv4"));
+        widget<QCheckBox>(*f, "Configuration_FichierSauvegardePrefixe")->setChecked(prefixe);
+        widget<QCheckBox>(*f, "Configuration_FichierSauvegardeNom")->setChecked(nom);
+        widget<QCheckBox>(*f, "Configuration_FichierSauvegardeDate")->setChecked(date);
+        widget<QComboBox>(*f, "SaveDateFormat")->setCurrentIndex(format);
+        QCOMPARE(apercu->text(), attendu);
+        QCOMPARE(f->panneauSauvegardes()->apercu(), attendu);
+        QCOMPARE(widget<QComboBox>(*f, "SaveDateFormat")->isEnabled(), date);
+    }
+
+    void apercuSansDocument()
+    {
+        auto f = fenetre();
+        QCOMPARE(widget<QLabel>(*f, "apercuNomSauvegarde")->text(), QStringLiteral("aucun fichier ouvert..."));
+    }
+
+    void dossierDeStockage()
+    {
+        const QString existant = g_maison->filePath(QStringLiteral("Mes documents"));
+        QVERIFY(QDir().mkpath(existant));
+        const QString ancien = g_maison->path();
+        m_reglages->ecrire(Reglages::Cle::PrefsStockage, ancien);
+        m_reglages->synchroniser();
+        auto f = fenetre();
+        QSignalSpy modifies(f.get(), &FenetrePreferences::reglagesModifies);
+        auto* ligne = widget<QLineEdit>(*f, "prefsStockage");
+        auto* erreur = widget<QLabel>(*f, "erreurStockage");
+        QCOMPARE(ligne->text(), ancien);
+        QVERIFY(!erreur->isVisible());
+
+        // A folder that does not exist is refused, and the setting stays.
+        const QString absent = g_maison->filePath(QStringLiteral("nulle part"));
+        ligne->selectAll();
+        QTest::keyClicks(ligne, absent);
+        QTest::keyClick(ligne, Qt::Key_Return);
+        QVERIFY(erreur->isVisible());
+        QVERIFY(erreur->text().contains(QStringLiteral("n'existe pas")));
+        QCOMPARE(m_reglages->texte(Reglages::Cle::PrefsStockage), ancien);
+        QCOMPARE(ini().value("prefsStockage"), ancien);
+        QCOMPARE(modifies.size(), 0);
+
+        // A file is not a folder either.
+        const QString fichier = g_maison->filePath(QStringLiteral("un-fichier.txt"));
+        ecrire(fichier, "x");
+        QVERIFY(!f->panneauGeneral()->choisirStockage(fichier));
+        QCOMPARE(ini().value("prefsStockage"), ancien);
+
+        // An existing one is kept.
+        ligne->selectAll();
+        QTest::keyClicks(ligne, existant);
+        QTest::keyClick(ligne, Qt::Key_Return);
+        QVERIFY(!erreur->isVisible());
+        QCOMPARE(m_reglages->texte(Reglages::Cle::PrefsStockage), existant);
+        QCOMPARE(QSettings(m_ini, QSettings::IniFormat).value("prefsStockage").toString(), existant);
+        QCOMPARE(modifies.size(), 1);
+    }
+
+    void dossierDeStockageChoisi()
+    {
+        const QString choisi = g_maison->filePath(QStringLiteral("Choisi"));
+        QVERIFY(QDir().mkpath(choisi));
+        auto f = fenetre();
+        QStringList reponses{g_maison->filePath(QStringLiteral("disparu")), choisi};
+        QStringList titres;
+        f->panneauGeneral()->setChoixDossier([&](const QString& titre, const QString&) {
+            titres << titre;
+            return reponses.takeFirst();
+        });
+        auto* bouton = widget<QPushButton>(*f, "boutonChoisirStockage");
+        QVERIFY(bouton);
+        bouton->click();
+        QVERIFY(widget<QLabel>(*f, "erreurStockage")->isVisible());
+        QVERIFY(!ini().contains("prefsStockage"));
+        bouton->click();
+        QCOMPARE(titres.last(), QStringLiteral("Choisir le dossier de stockage"));
+        QCOMPARE(widget<QLineEdit>(*f, "prefsStockage")->text(), choisi);
+        QVERIFY(!widget<QLabel>(*f, "erreurStockage")->isVisible());
+        QCOMPARE(QSettings(m_ini, QSettings::IniFormat).value("prefsStockage").toString(), choisi);
+    }
+
+    void lesAlertesCoupeesGrisentLeurReglage()
+    {
+        auto f = fenetre();
+        f->afficherPanneau(QStringLiteral("Alertes"));
+        auto* debut = widget<QSpinBox>(*f, "Configuration_AlerteActualisationDebut");
+        QVERIFY(debut->isEnabled());
+        widget<QCheckBox>(*f, "Configuration_ActiverAlertes")->click();
+        QVERIFY(!debut->isEnabled());
+        QVERIFY(!widget<QComboBox>(*f, "ContractsAlertRate")->isEnabled());
+    }
+
+    // Every widget of the window carries a name, for the tests and the accessibility tools.
+    void chaqueChampANom()
+    {
+        auto f = fenetre();
+        const QList<QWidget*> champs = f->findChildren<QWidget*>();
+        for (QWidget* champ : champs) {
+            if (qobject_cast<QCheckBox*>(champ) || qobject_cast<QComboBox*>(champ) || qobject_cast<QSpinBox*>(champ) ||
+                qobject_cast<QPushButton*>(champ))
+                QVERIFY2(!champ->objectName().isEmpty(), champ->metaObject()->className());
+        }
+    }
+};
+
+int main(int argc, char* argv[])
+{
+    // The user's real folders are never touched: Documents and the settings live here.
+    QTemporaryDir maison;
+    g_maison = &maison;
+    qputenv("HOME", maison.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
+    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
+    QApplication application(argc, argv);
+    TestPreferences test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_preferences.moc"
