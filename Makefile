@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DOCUMENT ?=
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build run test bench format clean fuzz screenshots
+.PHONY: all deps configure build run test bench format clean fuzz screenshots demo
 
 all: build
 
@@ -22,6 +22,13 @@ build: configure
 # Starts Corvane on the given document, or on the default one.
 run: build
 	@$(BUILD_DIR)/src/app/corvane $(DOCUMENT)
+
+# Writes a three-year sample career to build/demo/Demo.cv4 (anew each time) and starts Corvane on it.
+demo: build
+	@mkdir -p build/demo
+	@rm -f build/demo/Demo.cv4 build/demo/Demo.cv4-journal
+	@$(BUILD_DIR)/bench/corvane-genere --annees 3 --contrats 400 build/demo/Demo.cv4
+	@$(BUILD_DIR)/src/app/corvane "$(CURDIR)/build/demo/Demo.cv4"
 
 test: build
 	@cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
