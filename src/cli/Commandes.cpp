@@ -12,6 +12,11 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeParametres());
     liste.push_back(commandeBaremeKm());
     liste.push_back(commandeChargesAe());
+    liste.push_back(commandeProfil());
+    liste.push_back(commandeEmployeur());
+    liste.push_back(commandeModele());
+    liste.push_back(commandePeriode());
+    liste.push_back(commandeContrat());
     return liste;
 }
 

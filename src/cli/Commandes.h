@@ -12,6 +12,11 @@ std::unique_ptr<Commande> commandeSauvegarder();
 std::unique_ptr<Commande> commandeParametres();
 std::unique_ptr<Commande> commandeBaremeKm();
 std::unique_ptr<Commande> commandeChargesAe();
+std::unique_ptr<Commande> commandeProfil();
+std::unique_ptr<Commande> commandeEmployeur();
+std::unique_ptr<Commande> commandeModele();
+std::unique_ptr<Commande> commandePeriode();
+std::unique_ptr<Commande> commandeContrat();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();

@@ -1,5 +1,8 @@
 #include "store/BaseDeDonnees.h"
 
+#include <algorithm>
+#include <map>
+
 #include "store/Dates.h"
 #include "store/Horloge.h"
 
@@ -7,6 +10,21 @@
 #include <sqlite3.h>
 
 namespace corvane {
+
+ModeleLigne::ModeleLigne(QStringList cles) : m_cles(std::move(cles))
+{
+    for (int i = 0; i < m_cles.size(); ++i)
+        m_ordre << i;
+    std::sort(m_ordre.begin(), m_ordre.end(), [this](int a, int b) { return m_cles[a] < m_cles[b]; });
+}
+
+Ligne ModeleLigne::construire(QVariantList&& valeurs) const
+{
+    std::map<QString, QVariant> ligne;
+    for (int i : m_ordre)
+        ligne.emplace_hint(ligne.end(), m_cles[i], std::move(valeurs[i]));
+    return Ligne(std::move(ligne));
+}
 
 BaseDeDonnees::~BaseDeDonnees()
 {

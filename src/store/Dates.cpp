@@ -43,7 +43,19 @@ QDate depuisSQLite(const QString& texte)
 
 QString versAffichage(const QDate& jour)
 {
-    return jour.isValid() ? jour.toString(QStringLiteral("dd/MM/yyyy")) : QString();
+    if (!jour.isValid())
+        return {};
+    int annee = 0, mois = 0, quantieme = 0;
+    jour.getDate(&annee, &mois, &quantieme);
+    if (annee < 1000 || annee > 9999)
+        return jour.toString(QStringLiteral("dd/MM/yyyy"));
+    // Written by hand: listings format two dates per row, and the format parser is slow.
+    const char16_t texte[10] = {
+        char16_t(u'0' + quantieme / 10), char16_t(u'0' + quantieme % 10),   u'/',
+        char16_t(u'0' + mois / 10),      char16_t(u'0' + mois % 10),        u'/',
+        char16_t(u'0' + annee / 1000),   char16_t(u'0' + annee / 100 % 10), char16_t(u'0' + annee / 10 % 10),
+        char16_t(u'0' + annee % 10)};
+    return QString(reinterpret_cast<const QChar*>(texte), 10);
 }
 
 QDate depuisAffichage(const QString& texte)

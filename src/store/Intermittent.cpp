@@ -206,6 +206,30 @@ QDateTime Intermittent::retrouveDateOuvertureDroitsUtilisateur()
                                                  "u_periode_en_cours = p_id WHERE utilisateur.u_id=1;"));
 }
 
+QDate Intermittent::retrouveDateFinDePeriodeEnCours()
+{
+    allongementPeriodeDeReference = 0;
+    const QDate debut = Dates::depuisSQLite(m_db.texte(
+        "SELECT p_date_debut FROM periodes JOIN utilisateur ON u_periode_en_cours = p_id WHERE utilisateur.u_id=1;"));
+    const QDate fin = Dates::depuisSQLite(m_db.texte(
+        "SELECT p_date_fin FROM periodes JOIN utilisateur ON u_periode_en_cours = p_id WHERE utilisateur.u_id=1;"));
+    // The count starts at the opening of rights, the sum at the period's start: the two
+    // bounds differ on purpose.
+    const QDate ouverture = retrouveDateOuvertureDroitsUtilisateur().date();
+    const qint64 nombre =
+        m_db.entier(QStringLiteral("SELECT COUNT(*) AS nombreSS FROM securitesociale WHERE (ss_debut BETWEEN "
+                                   "'%1' AND '%2');")
+                        .arg(Dates::versSQLite(ouverture), Dates::versSQLite(fin)));
+    if (nombre >= 1)
+        allongementPeriodeDeReference =
+            int(m_db.entier(QStringLiteral("SELECT SUM(ss_incidence_periode) AS incidencePeriode FROM "
+                                           "securitesociale WHERE (ss_debut BETWEEN '%1' AND '%2');")
+                                .arg(Dates::versSQLite(debut), Dates::versSQLite(fin))));
+    if (allongementPeriodeDeReference < 1 || !fin.isValid())
+        return fin;
+    return fin.addDays(allongementPeriodeDeReference);
+}
+
 double Intermittent::retrouveTauxValideUtilisateur()
 {
     return m_db.reel("SELECT u_taux_valide AS taux_valide FROM utilisateur WHERE utilisateur.u_id=1;");

@@ -67,6 +67,10 @@ public:
     int retrouveIdPeriodeLaPlusRecente();
     QDateTime retrouveDateOuvertureDroits();
     QDateTime retrouveDateOuvertureDroitsUtilisateur();
+    // End of the current period, stretched by the sickness-type leave recorded in it;
+    // the stretch in days is kept in allongementPeriodeDeReference.
+    QDate retrouveDateFinDePeriodeEnCours();
+    int allongementPeriodeDeReference = 0;
     double retrouveTauxValideUtilisateur();
     QDate retrouveDateNaissanceUtilisateur();
     QString retrouveNomUtilisateur();

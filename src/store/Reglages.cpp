@@ -42,6 +42,7 @@ const QList<Definition>& definitions()
         {C::DeleteAlerts, "Preferences_DeleteAlerts", true},
         {C::ProfilLimiteAge, "profilLimiteAge", 60},
         {C::ContratsSens, "Contrats_Sens", QStringLiteral("ASC")},
+        {C::ContratsColonnes, "Contrats_Colonnes", QByteArray()}, // the list's header state
         {C::TdbSens, "TDB_Sens", QStringLiteral("ASC")},
         {C::ContratsImpressionsListe, "Contrats_ImpressionsListe", true},
         {C::TdbImpressionsCompteRendu, "TDB_ImpressionsCompteRendu", true},
@@ -53,6 +54,9 @@ const QList<Definition>& definitions()
         {C::Apparence, "Apparence", QStringLiteral("systeme")},
         {C::Files, "Files", QStringList()},
         {C::FilesLastPath, "filesLastPath", QString()},
+        {C::EmployeursColonnes, "Employeurs_Colonnes", QByteArray()}, // header states of the lists
+        {C::ContratsModelesColonnes, "ContratsModeles_Colonnes", QByteArray()},
+        {C::PeriodesColonnes, "Periodes_Colonnes", QByteArray()},
     };
     return table;
 }

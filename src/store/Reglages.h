@@ -39,6 +39,7 @@ public:
         DeleteAlerts,
         ProfilLimiteAge,
         ContratsSens,
+        ContratsColonnes,
         TdbSens,
         ContratsImpressionsListe,
         TdbImpressionsCompteRendu,
@@ -50,6 +51,9 @@ public:
         Apparence,
         Files,
         FilesLastPath,
+        EmployeursColonnes,
+        ContratsModelesColonnes,
+        PeriodesColonnes,
     };
 
     // The user's own settings store.

@@ -1,0 +1,161 @@
+// `contrat lister`: the contracts screen's listing, with its filters, inverted sort and totals.
+
+#include "cli/Affichage.h"
+#include "cli/CommandeContrat.h"
+#include "cli/CommandeEnregistrements.h"
+
+#include "records/Contrats.h"
+#include "store/Reglages.h"
+#include "store/Schema.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <charconv>
+
+namespace corvane::cli {
+
+namespace {
+
+// Single-precision amounts are written with the digits they hold, not their double expansion.
+QJsonValue valeurJson(const QVariant& valeur)
+{
+    switch (valeur.typeId()) {
+    case QMetaType::Float: {
+        char texte[32];
+        const auto fin = std::to_chars(texte, texte + sizeof texte, valeur.toFloat());
+        return QByteArray(texte, int(fin.ptr - texte)).toDouble();
+    }
+    case QMetaType::Double:
+        return valeur.toDouble();
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return valeur.toLongLong();
+    default:
+        return valeur.toString();
+    }
+}
+
+bool filtreEntre0Et2(const Arguments& arguments, const QString& option)
+{
+    return !arguments.contient(option) || QStringList{"0", "1", "2"}.contains(arguments.valeur(option));
+}
+
+class CommandeContratLister : public CommandeEnregistrements
+{
+public:
+    QString nom() const override { return QStringLiteral("contrat"); }
+    QString usage() const override
+    {
+        return QStringLiteral("contrat lister FICHIER [--periode tous|periode_reference|annee|periode] "
+                              "[--du AAAA-MM-JJ --au AAAA-MM-JJ] [--effectue 0|1|2] [--paye 0|1|2] [--type T] "
+                              "[--employeur NOM] [--emploi E] [--sens MOT]");
+    }
+
+protected:
+    QStringList actions() const override { return {QStringLiteral("lister")}; }
+
+    int executerAction(Contexte& contexte, const QString&, const QStringList& liste) override
+    {
+        Arguments arguments;
+        int code = Succes;
+        if (!analyser(
+                contexte, arguments, liste,
+                {{"periode"}, {"du"}, {"au"}, {"effectue"}, {"paye"}, {"type"}, {"employeur"}, {"emploi"}, {"sens"}}, 1,
+                &code))
+            return code;
+        FiltreContrats filtre;
+        filtre.periode = arguments.valeur("periode", QStringLiteral("tous"));
+        if (!QStringList{"tous", "periode_reference", "annee", "periode"}.contains(filtre.periode))
+            return mauvaisUsage(contexte, QStringLiteral("période inconnue : « %1 » (choix : tous, periode_reference, "
+                                                         "annee, periode)")
+                                              .arg(filtre.periode));
+        if (!filtreEntre0Et2(arguments, "effectue") || !filtreEntre0Et2(arguments, "paye"))
+            return mauvaisUsage(contexte, QStringLiteral("--effectue et --paye valent 0, 1 ou 2"));
+        if (arguments.contient("du") != arguments.contient("au"))
+            return mauvaisUsage(contexte, QStringLiteral("--du et --au vont ensemble"));
+        const auto du = arguments.date("du");
+        const auto au = arguments.date("au");
+        if (arguments.enErreur())
+            return mauvaisUsage(contexte, arguments.erreur());
+        if (arguments.contient("emploi") && !Schema::emplois().contains(arguments.valeur("emploi")))
+            return mauvaisUsage(contexte, QStringLiteral("emploi inconnu : « %1 » (choix : %2)")
+                                              .arg(arguments.valeur("emploi"), Schema::emplois().join(", ")));
+
+        const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
+        // A listing reads only: no upgrade pass, nothing written.
+        if (!documentAccessible(contexte, chemin, &code))
+            return code;
+        Contrats contrats(chemin);
+
+        filtre.effectue = arguments.valeur("effectue", "0").toInt();
+        filtre.paye = arguments.valeur("paye", "0").toInt();
+        if (arguments.contient("type")) {
+            filtre.filtreType = true;
+            filtre.type = arguments.valeur("type");
+            if (contrats.retrouveContratTypeId(filtre.type) == 0 &&
+                contrats.db().entier("SELECT ae_id FROM autoentrepreneurtypes WHERE ae_type = ?;", {filtre.type}) == 0)
+                return mauvaisUsage(contexte, QStringLiteral("type de contrat inconnu : « %1 »").arg(filtre.type));
+        }
+        if (arguments.contient("employeur")) {
+            filtre.filtreEmployeur = true;
+            filtre.employeur = arguments.valeur("employeur");
+            if (contrats.retrouveEmployeurId(filtre.employeur) == 0)
+                return echec(contexte, QStringLiteral("aucun employeur ne s'appelle « %1 ».").arg(filtre.employeur));
+        }
+        if (arguments.contient("emploi")) {
+            filtre.filtreEmploi = true;
+            filtre.emploi = arguments.valeur("emploi");
+        }
+        // Without dates, the "periode" keyword takes the ones the screen remembers.
+        filtre.du = du ? *du : contrats.datePeriodeDebut();
+        filtre.au = au ? *au : contrats.datePeriodeFin();
+        filtre.sens = arguments.valeur("sens");
+        filtre.sensPrefere = Reglages::defaut(Reglages::Cle::ContratsSens).toString();
+
+        // A document not yet upgraded lacks the screen's columns: the model's own listing is given then.
+        const bool colonnesEcran =
+            Requete(contrats.db(), "SELECT c_aem_fp, c_pas, c_lieu, c_annee_encaissement, e_guso, (SELECT "
+                                   "COUNT(frais_id) FROM contrats_frais) FROM contrats JOIN employeurs LIMIT 0;")
+                .estPreparee();
+        const Lignes lignes = contrats.listeLesContrats(filtre, colonnesEcran);
+
+        if (contexte.json) {
+            QJsonArray rangees;
+            for (const Ligne& ligne : lignes) {
+                QJsonObject objet;
+                for (auto it = ligne.cbegin(); it != ligne.cend(); ++it)
+                    objet.insert(it.key(), valeurJson(it.value()));
+                rangees.append(objet);
+            }
+            ecrireJson(contexte,
+                       {{"contrats", rangees},
+                        {"totaux", QJsonObject{{"nombrePeriodesGroupees", qint64(contrats.nombrePeriodesGroupees)},
+                                               {"totalHeures", qint64(contrats.totalHeures)},
+                                               {"totalJours", qint64(contrats.totalJours)},
+                                               {"totalBruts", contrats.totalBruts},
+                                               {"totalNets", contrats.totalNets}}}});
+            return Succes;
+        }
+        for (const Ligne& l : lignes)
+            contexte.sortie << l.value("Id Contrat").toInt() << "  " << l.value("Date Debut").toString() << " – "
+                            << l.value("Date Fin").toString() << "  " << l.value("Employeur").toString() << "  "
+                            << l.value("Emploi").toString() << "  " << l.value("Jours").toInt() << " j  "
+                            << l.value("Heures").toInt() << " h  " << enEuros(l.value("Salaire Brut").toDouble())
+                            << "  " << enEuros(l.value("Salaire Net").toDouble()) << '\n';
+        contexte.sortie << "Total : " << lignes.size() << " contrat(s), " << contrats.totalJours << " jour(s), "
+                        << contrats.totalHeures << " heure(s), brut " << enEuros(contrats.totalBruts) << ", net "
+                        << enEuros(contrats.totalNets) << " ; périodes groupées : " << contrats.nombrePeriodesGroupees
+                        << Qt::endl;
+        return Succes;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Commande> commandeContratLister()
+{
+    return std::make_unique<CommandeContratLister>();
+}
+
+} // namespace corvane::cli

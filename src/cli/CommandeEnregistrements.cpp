@@ -1,0 +1,63 @@
+#include "cli/CommandeEnregistrements.h"
+
+#include "store/Fichiers.h"
+
+#include <QFileInfo>
+
+namespace corvane::cli {
+
+int CommandeEnregistrements::executer(Contexte& contexte, const QStringList& liste)
+{
+    if (liste.isEmpty() || liste.first().startsWith(QStringLiteral("--")))
+        return mauvaisUsage(contexte, QStringLiteral("action manquante (choix : %1)").arg(actions().join(", ")));
+    const QString action = liste.first();
+    if (!actions().contains(action))
+        return mauvaisUsage(contexte,
+                            QStringLiteral("action inconnue : %1 (choix : %2)").arg(action, actions().join(", ")));
+    return executerAction(contexte, action, liste.mid(1));
+}
+
+bool CommandeEnregistrements::documentAccessible(Contexte& contexte, const QString& chemin, int* code)
+{
+    Fichiers fichiers;
+    const QString generation = fichiers.checkVersion(chemin);
+    if (generation.isEmpty()) {
+        *code = echec(contexte, fichiers.erreur());
+        return false;
+    }
+    if (generation != QStringLiteral("4")) {
+        *code = echec(contexte, QStringLiteral("« %1 » n'est pas un fichier Corvane à jour : ouvrez-le d'abord avec la "
+                                               "commande ouvrir.")
+                                    .arg(QFileInfo(chemin).fileName()));
+        return false;
+    }
+    return verifierMotDePasse(contexte, chemin, code);
+}
+
+bool CommandeEnregistrements::preparerEcriture(Contexte& contexte, const QString& chemin, int* code)
+{
+    DialoguesScriptes dialogues;
+    Fichiers fichiers;
+    if (fichiers.ouvertureSQLite(chemin, QString(), dialogues) != chemin) {
+        *code = echec(contexte, fichiers.erreur().isEmpty()
+                                    ? QStringLiteral("Le fichier « %1 » ne peut pas être modifié.").arg(chemin)
+                                    : fichiers.erreur());
+        return false;
+    }
+    return true;
+}
+
+QJsonObject CommandeEnregistrements::versJson(const Ligne& ligne)
+{
+    return QJsonObject::fromVariantMap(ligne);
+}
+
+QJsonArray CommandeEnregistrements::versJson(const Lignes& lignes)
+{
+    QJsonArray tableau;
+    for (const Ligne& ligne : lignes)
+        tableau.append(versJson(ligne));
+    return tableau;
+}
+
+} // namespace corvane::cli

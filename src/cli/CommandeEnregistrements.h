@@ -1,0 +1,33 @@
+#pragma once
+
+#include "cli/Commande.h"
+#include "store/BaseDeDonnees.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace corvane::cli {
+
+// Base of the commands that read or change a document's records (profil, employeur,
+// modele, periode): the sub-command word, the document's checks, and the upgrade pass
+// that the program runs at each opening, run here only once a change is sure to be made.
+class CommandeEnregistrements : public Commande
+{
+public:
+    int executer(Contexte& contexte, const QStringList& liste) final;
+
+protected:
+    // The sub-commands, in the order the usage lists them.
+    virtual QStringList actions() const = 0;
+    virtual int executerAction(Contexte& contexte, const QString& action, const QStringList& arguments) = 0;
+
+    // A current-generation document, with its password when it is protected. Nothing is written.
+    static bool documentAccessible(Contexte& contexte, const QString& chemin, int* code);
+    // The upgrade pass, as at every opening by the program; called just before writing.
+    static bool preparerEcriture(Contexte& contexte, const QString& chemin, int* code);
+
+    static QJsonObject versJson(const Ligne& ligne);
+    static QJsonArray versJson(const Lignes& lignes);
+};
+
+} // namespace corvane::cli

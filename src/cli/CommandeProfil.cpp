@@ -1,0 +1,243 @@
+#include "cli/Affichage.h"
+#include "cli/CommandeEnregistrements.h"
+#include "cli/Commandes.h"
+
+#include "records/Periodes.h"
+#include "records/Profil.h"
+#include "store/Dates.h"
+#include "store/Schema.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+namespace corvane::cli {
+
+namespace {
+
+using SauvegardeTexte = bool (Profil::*)(const QString&);
+using SauvegardeEntier = bool (Profil::*)(int);
+using SauvegardeMontant = bool (Profil::*)(double);
+
+// Each option of `profil modifier` and the field's own save operation.
+const QList<QPair<QString, SauvegardeTexte>>& optionsTexte()
+{
+    static const QList<QPair<QString, SauvegardeTexte>> liste{
+        {"nom", &Profil::saveLastName},
+        {"prenom", &Profil::saveFirstName},
+        {"pseudonyme", &Profil::saveNickname},
+        {"adresse", &Profil::saveAddress},
+        {"cp", &Profil::savePostalCode},
+        {"commune", &Profil::saveCity},
+        {"pays", &Profil::saveCountry},
+        {"nationalite", &Profil::saveNationality},
+        {"lieu-naissance", &Profil::savePlaceOfBirth},
+        {"telephone", &Profil::saveLandline},
+        {"mobile", &Profil::saveMobilePhone},
+        {"fax", &Profil::saveFax},
+        {"email", &Profil::saveEmail},
+        {"web", &Profil::saveWebsite},
+        {"nir", &Profil::saveSsNumber},
+        {"carte-identite", &Profil::saveIdentityCardNumber},
+        {"permis", &Profil::saveDrivingLicenceNumber},
+        {"identifiant-pe", &Profil::savePeId},
+        {"pe-mot-de-passe", &Profil::savePePassword},
+        {"conges-spectacles", &Profil::saveCsNumber},
+        {"cs-mot-de-passe", &Profil::saveCsPassword},
+        {"guso", &Profil::saveGusoId},
+        {"audiens", &Profil::saveAudiensId},
+        {"sacem", &Profil::saveSacemNumber},
+        {"rib-etablissement", &Profil::saveRibEstablishment},
+        {"rib-guichet", &Profil::saveRibDesk},
+        {"rib-compte", &Profil::saveRibAccount},
+        {"rib-cle", &Profil::saveRibKey},
+        {"iban", &Profil::saveRibIban},
+        {"ae-siret", &Profil::saveAeSiret},
+        {"ae-mot-de-passe", &Profil::saveAePassword},
+        {"photo", &Profil::ajouteUnePhoto},
+    };
+    return liste;
+}
+
+const QList<QPair<QString, SauvegardeEntier>>& optionsEntier()
+{
+    static const QList<QPair<QString, SauvegardeEntier>> liste{
+        {"enfants", &Profil::saveChildren},          {"auto-entrepreneur", &Profil::saveAeFlag},
+        {"ae-categorie", &Profil::saveAeCategoryId}, {"ae-periodicite", &Profil::saveAePeriodicity},
+        {"ae-liberatoire", &Profil::saveAeTaxFlag},  {"vehicule", &Profil::saveVehicleType},
+        {"puissance", &Profil::saveVehiclePower},
+    };
+    return liste;
+}
+
+const QList<QPair<QString, SauvegardeMontant>>& optionsMontant()
+{
+    static const QList<QPair<QString, SauvegardeMontant>> liste{
+        {"srj", &Profil::savePeSRJ},
+        {"taux", &Profil::savePeAllocation},
+        {"pas", &Profil::savePas},
+    };
+    return liste;
+}
+
+class CommandeProfil : public CommandeEnregistrements
+{
+public:
+    QString nom() const override { return QStringLiteral("profil"); }
+    QString usage() const override
+    {
+        return QStringLiteral("profil afficher FICHIER | profil modifier FICHIER [--nom N] [--prenom P] [--emploi E] "
+                              "[--civilite Mme|Mlle|Mr] [--ouverture D] [--srj X] [--taux X] [--cp CP] [--commune C] "
+                              "[--abattement 0|20|25] [--renoncer-abattement 0|1] [--naissance D] [--sans-photo] "
+                              "[--CHAMP VALEUR…] (voir docs/cli.md)");
+    }
+
+protected:
+    QStringList actions() const override { return {"afficher", "modifier"}; }
+
+    int executerAction(Contexte& contexte, const QString& action, const QStringList& liste) override
+    {
+        QList<OptionAttendue> options;
+        if (action == QStringLiteral("modifier")) {
+            for (const auto& [option, sauvegarde] : optionsTexte())
+                options << OptionAttendue{option};
+            for (const auto& [option, sauvegarde] : optionsEntier())
+                options << OptionAttendue{option};
+            for (const auto& [option, sauvegarde] : optionsMontant())
+                options << OptionAttendue{option};
+            options << OptionAttendue{"emploi"} << OptionAttendue{"civilite"} << OptionAttendue{"abattement"}
+                    << OptionAttendue{"renoncer-abattement"} << OptionAttendue{"naissance"}
+                    << OptionAttendue{"ouverture"} << OptionAttendue{"sans-photo", false};
+        }
+        Arguments arguments;
+        int code = Succes;
+        if (!analyser(contexte, arguments, liste, options, 1, &code))
+            return code;
+        const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
+
+        // Every value is read before anything is written.
+        QMap<QString, int> entiers;
+        for (const auto& [option, sauvegarde] : optionsEntier()) {
+            if (const auto valeur = arguments.entier(option))
+                entiers.insert(option, *valeur);
+        }
+        QMap<QString, double> montants;
+        for (const auto& [option, sauvegarde] : optionsMontant()) {
+            if (const auto valeur = arguments.montant(option))
+                montants.insert(option, *valeur);
+        }
+        const auto naissance = arguments.date("naissance");
+        const auto ouverture = arguments.date("ouverture");
+        const auto renoncer = arguments.entier("renoncer-abattement");
+        if (arguments.enErreur())
+            return mauvaisUsage(contexte, arguments.erreur());
+        if (renoncer && *renoncer != 0 && *renoncer != 1)
+            return mauvaisUsage(contexte, QStringLiteral("--renoncer-abattement attend 0 ou 1"));
+        if (arguments.contient("photo") && arguments.contient("sans-photo"))
+            return mauvaisUsage(contexte, QStringLiteral("--photo et --sans-photo s'excluent"));
+        const QStringList& emplois = Schema::emplois();
+        const int emploi = int(emplois.indexOf(arguments.valeur("emploi"))) + 1;
+        if (arguments.contient("emploi") && emploi == 0)
+            return mauvaisUsage(contexte, QStringLiteral("emploi inconnu : « %1 » (choix : %2)")
+                                              .arg(arguments.valeur("emploi"), emplois.join(", ")));
+        const int civilite = int(Intermittent::sexes().indexOf(arguments.valeur("civilite"))) + 1;
+        if (arguments.contient("civilite") && civilite == 0)
+            return mauvaisUsage(
+                contexte,
+                QStringLiteral("civilité inconnue : « %1 » (choix : Mme, Mlle, Mr)").arg(arguments.valeur("civilite")));
+        const int abattement = int(Intermittent::abattements().indexOf(arguments.valeur("abattement"))) + 1;
+        if (arguments.contient("abattement") && abattement == 0)
+            return mauvaisUsage(
+                contexte,
+                QStringLiteral("abattement inconnu : « %1 » (choix : 0, 20, 25)").arg(arguments.valeur("abattement")));
+
+        if (!documentAccessible(contexte, chemin, &code))
+            return code;
+        const bool modification = std::any_of(options.cbegin(), options.cend(), [&arguments](const OptionAttendue& o) {
+            return arguments.contient(o.nom);
+        });
+        if (modification) {
+            if (!preparerEcriture(contexte, chemin, &code))
+                return code;
+            Profil profil(chemin);
+            profil.initDepuisLaTableV4();
+            for (const auto& [option, sauvegarde] : optionsTexte()) {
+                if (arguments.contient(option))
+                    (profil.*sauvegarde)(arguments.valeur(option));
+            }
+            for (const auto& [option, sauvegarde] : optionsEntier()) {
+                if (entiers.contains(option))
+                    (profil.*sauvegarde)(entiers.value(option));
+            }
+            if (ouverture) {
+                // The opening date goes with the wage and the rate, as when a new period starts.
+                profil.majNouvellePeriodeDu(*ouverture, montants.value("srj", profil.donnees().srjValide),
+                                            montants.value("taux", profil.donnees().tauxValide));
+                montants.remove("srj");
+                montants.remove("taux");
+            }
+            for (const auto& [option, sauvegarde] : optionsMontant()) {
+                if (montants.contains(option))
+                    (profil.*sauvegarde)(montants.value(option));
+            }
+            if (arguments.contient("emploi"))
+                profil.saveJobId(emploi);
+            if (arguments.contient("civilite"))
+                profil.saveCivilityId(civilite);
+            if (arguments.contient("abattement"))
+                profil.saveFallId(abattement);
+            if (renoncer)
+                profil.renoncerAbattement(*renoncer == 1);
+            if (naissance)
+                profil.saveDob(*naissance);
+            if (arguments.contient("sans-photo"))
+                profil.supprimeLaPhoto();
+        }
+        return afficher(contexte, chemin);
+    }
+
+private:
+    static int afficher(Contexte& contexte, const QString& chemin)
+    {
+        Profil profil(chemin);
+        if (!profil.initDepuisLaTableV4())
+            return echec(contexte, QStringLiteral("Ce fichier ne contient aucun profil."));
+        if (contexte.json) {
+            ecrireJson(contexte, versJson(profil.colonnes()));
+            return Succes;
+        }
+        const DonneesProfil& d = profil.donnees();
+        QTextStream& s = contexte.sortie;
+        auto ligne = [&s](const QString& libelle, const QString& valeur) {
+            if (!valeur.isEmpty())
+                s << libelle << " : " << valeur << '\n';
+        };
+        s << QStringList{d.civilite, d.prenom, d.nom}.join(' ').simplified() << '\n';
+        ligne("Pseudonyme", d.pseudonyme);
+        ligne("Né le", Dates::versAffichage(d.naissance) + (d.lieuNaissance.isEmpty() ? "" : " à " + d.lieuNaissance));
+        ligne("Adresse", QStringList{d.adresse, d.codePostal, d.commune, d.pays}.join(' ').simplified());
+        ligne("Téléphone", d.telephone);
+        ligne("Mobile", d.telephoneMobile);
+        ligne("Adresse électronique", d.email);
+        ligne("Emploi", d.emploi);
+        ligne("Ouverture des droits", Dates::versAffichage(d.dateDebutDossier));
+        ligne("Salaire de référence journalier", enEuros(d.srjValide));
+        ligne("Taux journalier", enEuros(d.tauxValide));
+        ligne("Abattement", d.abattement + " %");
+        ligne("Période en cours", Periodes(chemin).periodeEnCours());
+        ligne("No Sécurité Sociale", d.nir);
+        ligne("Identifiant Pôle Emploi", d.identifiantAssedic);
+        ligne("No Congés Spectacles", d.congesSpectacles);
+        ligne("IBAN", d.ribIban);
+        s.flush();
+        return Succes;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Commande> commandeProfil()
+{
+    return std::make_unique<CommandeProfil>();
+}
+
+} // namespace corvane::cli

@@ -1,0 +1,296 @@
+#include "records/Contrats.h"
+
+#include "store/Dates.h"
+#include "store/Horloge.h"
+
+#include <cmath>
+#include <sqlite3.h>
+
+namespace corvane {
+
+namespace {
+
+QString deuxDecimales(double montant)
+{
+    return QString::number(montant, 'f', 2);
+}
+
+// Amounts are written with two decimals, halves away from zero.
+double auCentime(double montant)
+{
+    return std::round(montant * 100.0) / 100.0;
+}
+
+QString u(int valeur)
+{
+    return QString::number(uint(valeur));
+}
+
+} // namespace
+
+Contrats::Contrats(const QString& chemin) : Intermittent(chemin)
+{
+    dateDebut = Horloge::aujourdhui();
+    dateFin = Horloge::aujourdhui();
+}
+
+int Contrats::compteLesContrats()
+{
+    return int(m_db.entier("SELECT COUNT(*) AS compteurContrats FROM contrats;"));
+}
+
+int Contrats::compteLesContratsParEmployeur(int id)
+{
+    return int(m_db.entier(
+        QStringLiteral("SELECT COUNT(*) AS compteurContrats FROM contrats WHERE c_employeur_id='%1';").arg(u(id))));
+}
+
+int Contrats::enregistreContrat()
+{
+    // The day-number list is bound as well: its character rule lets any text through.
+    const QString sql =
+        QStringLiteral("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
+                       "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, c_liste_dates, "
+                       "c_effectue, c_paye, c_note, c_type, c_fonction, c_conges) VALUES ('%1', '%2', '%3', '%4', "
+                       "'%5','%6', '%7', '%8', '%9', ?, '%10', '%11', ?, '%12', ?, '%13');")
+            .arg(u(employeurId), u(emploi), Dates::versSQLite(dateDebut), Dates::versSQLite(dateFin), u(heures),
+                 deuxDecimales(brut), deuxDecimales(net), u(abattement), u(jours))
+            .arg(u(effectue), u(contratPaye), u(type), u(conges));
+    if (m_db.executer(sql, {dates, note, fonction}) != SQLITE_DONE)
+        return 0;
+    return int(m_db.dernierIdInsere());
+}
+
+void Contrats::modifieContrat(int id)
+{
+    const QString sql =
+        QStringLiteral("UPDATE contrats SET c_employeur_id='%1', c_emploi_id='%2', c_debut_contrat='%3', "
+                       "c_fin_contrat='%4', c_nbre_heures='%5', c_salaire_brut='%6', c_salaire_net='%7', "
+                       "c_abattement='%8', c_nbre_jours='%9', c_liste_dates=?, c_effectue='%10', c_paye='%11', "
+                       "c_note=?, c_type='%12', c_fonction=?, c_conges='%13' WHERE c_id=?;")
+            .arg(u(employeurId), u(emploi), Dates::versSQLite(dateDebut), Dates::versSQLite(dateFin), u(heures),
+                 deuxDecimales(brut), deuxDecimales(net), u(abattement), u(jours))
+            .arg(u(effectue), u(contratPaye), u(type), u(conges));
+    m_db.executer(sql, {dates, note, fonction, id});
+}
+
+int Contrats::enregistreContratDepuisEcran()
+{
+    const QString sql = QStringLiteral(
+        "INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, c_nbre_heures, "
+        "c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, c_liste_dates, c_effectue, c_paye, c_note, "
+        "c_type, c_fonction, c_conges, c_dates_travaillees, c_frais_lies, c_salaire_net_a_payer, "
+        "c_annee_encaissement, c_lieu, c_aem_fp, c_pas) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+        "?, ?, ?, ?, ?);");
+    const QVariantList valeurs{employeurId,
+                               emploi,
+                               Dates::versSQLite(dateDebut),
+                               Dates::versSQLite(dateFin),
+                               heures,
+                               auCentime(brut),
+                               auCentime(net),
+                               abattement,
+                               jours,
+                               dates,
+                               effectue,
+                               contratPaye,
+                               note,
+                               type,
+                               fonction,
+                               conges,
+                               datesTravaillees,
+                               fraisLies,
+                               auCentime(netAPayer),
+                               anneeEncaissement,
+                               lieu,
+                               aemFp,
+                               auCentime(pas)};
+    if (m_db.executer(sql, valeurs) != SQLITE_DONE)
+        return 0;
+    return int(m_db.dernierIdInsere());
+}
+
+void Contrats::modifieContratDepuisEcran(int id)
+{
+    const QString sql = QStringLiteral(
+        "UPDATE contrats SET c_employeur_id = ?, c_emploi_id = ?, c_debut_contrat = ?, c_fin_contrat = ?, "
+        "c_nbre_heures = ?, c_salaire_brut = ?, c_salaire_net = ?, c_abattement = ?, c_nbre_jours = ?, "
+        "c_liste_dates = ?, c_effectue = ?, c_paye = ?, c_note = ?, c_type = ?, c_fonction = ?, c_conges = ?, "
+        "c_dates_travaillees = ?, c_frais_lies = ?, c_salaire_net_a_payer = ?, c_annee_encaissement = ?, c_lieu = ?, "
+        "c_aem_fp = ?, c_pas = ? WHERE c_id = ?;");
+    m_db.executer(sql, {employeurId,
+                        emploi,
+                        Dates::versSQLite(dateDebut),
+                        Dates::versSQLite(dateFin),
+                        heures,
+                        auCentime(brut),
+                        auCentime(net),
+                        abattement,
+                        jours,
+                        dates,
+                        effectue,
+                        contratPaye,
+                        note,
+                        type,
+                        fonction,
+                        conges,
+                        datesTravaillees,
+                        fraisLies,
+                        auCentime(netAPayer),
+                        anneeEncaissement,
+                        lieu,
+                        aemFp,
+                        auCentime(pas),
+                        id});
+}
+
+bool Contrats::chargeContrat(int id)
+{
+    Requete r(m_db, QStringLiteral("SELECT c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
+                                   "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, "
+                                   "c_liste_dates, c_effectue, c_paye, c_note, c_type, c_fonction, c_conges, "
+                                   "c_dates_travaillees, c_frais_lies, c_salaire_net_a_payer, c_annee_encaissement, "
+                                   "c_lieu, c_aem_fp, c_pas FROM contrats WHERE c_id = %1;")
+                        .arg(u(id)));
+    if (!r.suivante())
+        return false;
+    employeurId = int(r.entier(0));
+    emploi = int(r.entier(1));
+    dateDebut = Dates::depuisSQLite(r.texte(2));
+    dateFin = Dates::depuisSQLite(r.texte(3));
+    heures = int(r.entier(4));
+    brut = r.reel(5);
+    net = r.reel(6);
+    abattement = int(r.entier(7));
+    jours = int(r.entier(8));
+    dates = r.texte(9);
+    effectue = int(r.entier(10));
+    contratPaye = int(r.entier(11));
+    note = r.texte(12);
+    type = int(r.entier(13));
+    fonction = r.texte(14);
+    conges = int(r.entier(15));
+    datesTravaillees = r.texte(16);
+    fraisLies = r.texte(17);
+    netAPayer = r.reel(18);
+    anneeEncaissement = int(r.entier(19));
+    lieu = r.texte(20);
+    aemFp = r.estNul(21) ? 1 : int(r.entier(21));
+    pas = r.reel(22);
+    return true;
+}
+
+void Contrats::supprimeContrat(int id)
+{
+    m_db.executer(QStringLiteral("DELETE FROM contrats WHERE c_id='%1';").arg(u(id)));
+}
+
+void Contrats::supprimeContratsParEmployeur(int id)
+{
+    m_db.executer(QStringLiteral("DELETE FROM contrats WHERE c_employeur_id='%1';").arg(u(id)));
+}
+
+void Contrats::enregistreLesCochesPourId(int id, int effectueCoche, int paye, int congesCoche, int aemfp)
+{
+    m_db.executer(QStringLiteral("UPDATE contrats SET c_effectue=%1, c_paye=%2, c_conges=%3, c_aem_fp=%4 WHERE "
+                                 "c_id=%5;")
+                      .arg(u(effectueCoche), u(paye), u(congesCoche), u(aemfp), u(id)));
+}
+
+bool Contrats::isModeleExistePourEmployeur(int id)
+{
+    return m_db.entier(QStringLiteral("SELECT COUNT(*) FROM contratsmodeles JOIN employeurs ON e_contratmodele_id = "
+                                      "cm_id WHERE employeurs.e_id=%1;")
+                           .arg(u(id))) != 0;
+}
+
+bool Contrats::isModeleExistePourEmployeur(const QString& raisonSociale)
+{
+    return isModeleExistePourEmployeur(retrouveEmployeurId(raisonSociale));
+}
+
+QStringList Contrats::tousLesTypesDeContrats()
+{
+    return m_db.colonne("SELECT ct_type FROM contratstypes ORDER BY ct_type ASC;");
+}
+
+int Contrats::dupliqueContrat(int id)
+{
+    Contrats source(m_cheminDuFichier);
+    if (!source.chargeContrat(id))
+        return 0;
+    // Free text (note, function, place, worked dates, cashing year as stored) is bound.
+    const QString anneeTexte =
+        m_db.texte(QStringLiteral("SELECT c_annee_encaissement FROM contrats WHERE c_id = %1;").arg(u(id)));
+    const QString sql =
+        QStringLiteral("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
+                       "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, "
+                       "c_dates_travaillees, c_effectue, c_paye, c_note, c_type, c_fonction, c_conges, "
+                       "c_salaire_net_a_payer, c_annee_encaissement, c_lieu, c_liste_dates) VALUES ('%1', '%2', "
+                       "'%3', '%4', '%5','%6', '%7', '%8', '%9', ?, '%10', '%11', ?, '%12', ?, '%13', '%14', ?, ?, "
+                       "'');")
+            .arg(u(source.employeurId), u(source.emploi), Dates::versSQLite(source.dateDebut),
+                 Dates::versSQLite(source.dateFin), u(source.heures), deuxDecimales(source.brut),
+                 deuxDecimales(source.net), u(source.abattement), u(source.jours))
+            .arg(u(source.effectue), u(source.contratPaye), u(source.type), u(source.conges),
+                 deuxDecimales(source.netAPayer));
+    if (m_db.executer(sql, {source.datesTravaillees, source.note, source.fonction, anneeTexte, source.lieu}) !=
+        SQLITE_DONE)
+        return 0;
+    return int(m_db.dernierIdInsere());
+}
+
+void Contrats::supprimeContratsEtLiens(const QList<int>& ids)
+{
+    for (const int id : ids) {
+        const QStringList frais = m_db.colonne(
+            QStringLiteral("SELECT frais_id AS fraisId FROM contrats_frais WHERE contrat_id = %1;").arg(u(id)));
+        for (const QString& fraisId : frais)
+            m_db.executer(QStringLiteral("DELETE FROM contrats_frais WHERE frais_id = %1;").arg(fraisId.toUInt()));
+        m_db.executer(QStringLiteral("DELETE FROM contrats WHERE c_id = %1;").arg(u(id)));
+    }
+}
+
+void Contrats::enregistreFraisLies(int contratId, const QList<int>& frais)
+{
+    m_db.executer(QStringLiteral("DELETE FROM contrats_frais WHERE contrat_id = %1;").arg(u(contratId)));
+    for (const int fraisId : frais) {
+        m_db.executer(
+            QStringLiteral("UPDATE frais SET f_contrat_lie = %1  WHERE f_id = %2;").arg(u(contratId), u(fraisId)));
+        m_db.executer(QStringLiteral("INSERT INTO contrats_frais (contrat_id, frais_id) VALUES (%1, %2);")
+                          .arg(u(contratId), u(fraisId)));
+    }
+}
+
+QList<int> Contrats::fraisLiesAuContrat(int contratId)
+{
+    QList<int> liste;
+    for (const QString& id : m_db.colonne(
+             QStringLiteral("SELECT frais_id AS fraisId FROM contrats_frais WHERE contrat_id = %1;").arg(u(contratId))))
+        liste << id.toInt();
+    return liste;
+}
+
+Lignes Contrats::tousLesFrais()
+{
+    return m_db.lignes("SELECT f_id, f_date, f_details, f_montant, f_contrat_lie FROM frais ORDER BY f_date DESC, "
+                       "f_id DESC;");
+}
+
+void Contrats::enregistreDatesPeriode(const QDate& du, const QDate& au)
+{
+    enregistreDatePreferee(1, du);
+    enregistreDatePreferee(2, au);
+}
+
+QDate Contrats::datePeriodeDebut()
+{
+    return retrouveDatePreferee(1).date();
+}
+
+QDate Contrats::datePeriodeFin()
+{
+    return retrouveDatePreferee(2).date();
+}
+
+} // namespace corvane

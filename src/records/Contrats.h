@@ -1,0 +1,130 @@
+#pragma once
+
+#include "store/Intermittent.h"
+
+#include <QList>
+
+namespace corvane {
+
+// What a contract listing keeps: the period keyword, the filter pieces, and the sort word.
+struct FiltreContrats
+{
+    QString periode = QStringLiteral("tous"); // "tous", "periode_reference", "annee" or "periode"
+    int effectue = 0;                         // 0 all, 1 done, 2 planned
+    int paye = 0;                             // 0 all, 1 paid, 2 unpaid
+    bool filtreType = false;
+    QString type; // a label of contratstypes (or of autoentrepreneurtypes)
+    bool filtreEmployeur = false;
+    QString employeur; // e_raison_sociale
+    bool filtreEmploi = false;
+    QString emploi; // a label of emplois (the screen's job piece)
+    QDate du;       // the "periode" keyword's two dates
+    QDate au;
+    QString sens;        // the sort word, applied inverted
+    QString sensPrefere; // the "Contrats_Sens" setting, read by the caller
+};
+
+// The contracts of a document: every statement of table `contrats`, the listing with
+// its filters and totals, and the links to expenses. The fields hold one contract
+// while it is written; after a listing, the aggregates hold its totals.
+class Contrats : public Intermittent
+{
+public:
+    explicit Contrats(const QString& chemin = QString());
+
+    // One contract, as the statements write it.
+    int employeurId = 0;
+    int emploi = 0;
+    QDate dateDebut;
+    QDate dateFin;
+    int heures = 0;
+    double brut = 0.0;
+    double net = 0.0;
+    int abattement = 0; // key of `abattements`, not a percentage
+    int jours = 0;
+    QString dates; // c_liste_dates, the older day-number list
+    int effectue = 0;
+    int contratPaye = 0;
+    QString note;
+    int type = 0;
+    QString fonction;
+    int conges = 0;
+    // The columns only the screen's statements write.
+    QString datesTravaillees; // "dd/MM/yyyy" joined by ","
+    QString fraisLies;        // expense keys joined by ","
+    double netAPayer = 0.0;
+    int anneeEncaissement = 0;
+    QString lieu;
+    int aemFp = 1;
+    double pas = 0.0;
+
+    // After a listing. The grouped count is only replaced by a non-zero count.
+    uint nombrePeriodesGroupees = 0;
+    uint totalHeures = 0;
+    uint totalJours = 0;
+    double totalBruts = 0.0;
+    double totalNets = 0.0;
+    QString clauseWhere;
+
+    int compteLesContrats();
+    int compteLesContratsParEmployeur(int employeurId);
+    // The sixteen-column statements of the model (note and function bound).
+    int enregistreContrat();
+    void modifieContrat(int id);
+    // The screen's statements, every value bound (23 values, and the key for the update).
+    int enregistreContratDepuisEcran();
+    void modifieContratDepuisEcran(int id);
+    // Fills the fields from a stored contract; false when there is none.
+    bool chargeContrat(int id);
+    void supprimeContrat(int id);
+    void supprimeContratsParEmployeur(int employeurId);
+    // The four check boxes of a list row.
+    void enregistreLesCochesPourId(int id, int effectue, int paye, int conges, int aemfp);
+    bool isModeleExistePourEmployeur(int employeurId);
+    bool isModeleExistePourEmployeur(const QString& raisonSociale);
+    QStringList tousLesTypesDeContrats();
+    // A copy of the contract, without its expenses; returns the new key.
+    int dupliqueContrat(int id);
+    // Removes each contract and the links of its expenses; the expenses stay.
+    void supprimeContratsEtLiens(const QList<int>& ids);
+
+    // Rows keyed by the display keys; also sets the aggregates and clauseWhere.
+    // The screen's listing adds "Guso", "Annee Encaissement", "Lieu", "Id Frais Lie",
+    // "AEM - FP" and "PAS" to the model's keys.
+    Lignes listeLesContrats(const FiltreContrats& filtre, bool colonnesEcran = true);
+    // The pieces of a listing, on their own.
+    QString construitClauseWhere(const FiltreContrats& filtre);
+    static QString ordreDeTri(const QString& sens, const QString& sensPrefere);
+
+    // Linked expenses: the link table is rewritten and each expense points back.
+    void enregistreFraisLies(int contratId, const QList<int>& frais);
+    QList<int> fraisLiesAuContrat(int contratId);
+    // Every expense, newest first, for the picker: f_id, f_date, f_details, f_montant, f_contrat_lie.
+    Lignes tousLesFrais();
+
+    // The "periode" filter's two dates, kept in rows 1 and 2 of datesPeriodesPreferees.
+    void enregistreDatesPeriode(const QDate& du, const QDate& au);
+    QDate datePeriodeDebut();
+    QDate datePeriodeFin();
+
+    // Sickness periods overlapping the contract's dates: the sum of four counts, so a
+    // period lying inside the contract counts several times.
+    int nombreDeSuperpositionsAvecContratsDu(const QDate& debut, const QDate& fin);
+    // The warning for that count ("" when nothing overlaps).
+    static QString messageSuperpositions(int nombre);
+
+    // The day-number list's rules, quirks included.
+    static bool verifieCaracteresChaineDates(const QString& liste);
+    static bool verifieFormatChaineDates(const QString& liste, const QString& mode, const QDate& debut,
+                                         const QDate& fin);
+    bool verifieFormatChaineDates(const QString& liste, const QString& mode) const
+    {
+        return verifieFormatChaineDates(liste, mode, dateDebut, dateFin);
+    }
+
+private:
+    Ligne ligneDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const;
+    void calculeLesTotaux(const QString& tri);
+};
+
+} // namespace corvane

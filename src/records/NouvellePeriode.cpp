@@ -1,0 +1,105 @@
+#include "records/NouvellePeriode.h"
+
+#include "records/Profil.h"
+#include "store/Annexes.h"
+#include "store/Dates.h"
+#include "store/Horloge.h"
+
+namespace corvane {
+
+NouvellePeriode::NouvellePeriode(const QString& chemin) : m_chemin(chemin)
+{
+    Intermittent document(chemin);
+    m_emploi = document.retrouveEmploiUtilisateur();
+    m_ouvertureDroits = document.retrouveDateOuvertureDroits().date();
+    changeDebut(Horloge::aujourdhui());
+}
+
+int NouvellePeriode::longueurPeriodeDeReference(const QString& emploi)
+{
+    const Annexe annexe = emploi == QStringLiteral("Artiste") ? Annexe(Artiste()) : Annexe(OuvrierTechnicien());
+    // The 2016 rules lengthened the reference period from 1 August 2016.
+    const bool regles2016 = Horloge::aujourdhui() >= QDate(2016, 8, 1);
+    return int(regles2016 ? annexe.periodeDeReference_2016 : annexe.periodeDeReference);
+}
+
+QDate NouvellePeriode::finParDefaut(const QString& emploi, const QDate& debut)
+{
+    return debut.addDays(longueurPeriodeDeReference(emploi) - 1);
+}
+
+QString NouvellePeriode::libelleParDefaut(const QDate& debut, const QDate& fin)
+{
+    return QStringLiteral("Période du %1 au %2").arg(Dates::versAffichage(debut), Dates::versAffichage(fin));
+}
+
+void NouvellePeriode::changeDebut(const QDate& debut)
+{
+    const bool libelleParDefautGarde =
+        m_periode.libelle.isEmpty() || m_periode.libelle == libelleParDefaut(m_periode.debut, m_periode.fin);
+    m_periode.debut = debut;
+    m_periode.fin = finParDefaut(m_emploi, debut);
+    if (libelleParDefautGarde)
+        m_periode.libelle = libelleParDefaut(m_periode.debut, m_periode.fin);
+}
+
+void NouvellePeriode::changeFin(const QDate& fin)
+{
+    const bool libelleParDefautGarde =
+        m_periode.libelle.isEmpty() || m_periode.libelle == libelleParDefaut(m_periode.debut, m_periode.fin);
+    m_periode.fin = fin;
+    if (libelleParDefautGarde)
+        m_periode.libelle = libelleParDefaut(m_periode.debut, m_periode.fin);
+}
+
+void NouvellePeriode::changeJours(int conges, int franchiseSalaires, int attente)
+{
+    m_periode.conges = conges;
+    m_periode.franchiseSalaires = franchiseSalaires;
+    m_periode.attente = attente;
+}
+
+bool NouvellePeriode::srjDemande() const
+{
+    return m_ouvertureDroits.isValid() && m_ouvertureDroits < QDate(2007, 4, 1);
+}
+
+QString NouvellePeriode::titre()
+{
+    return QStringLiteral("Gestion des périodes");
+}
+
+QString NouvellePeriode::messageExisteDeja()
+{
+    return QStringLiteral("Cette période existe déjà.");
+}
+
+QString NouvellePeriode::messageFinAvantDebut()
+{
+    return QStringLiteral("La fin de la période ne peut pas précéder son début.");
+}
+
+QString NouvellePeriode::refus()
+{
+    if (!m_periode.debut.isValid() || !m_periode.fin.isValid() || m_periode.fin < m_periode.debut)
+        return messageFinAvantDebut();
+    // Same two dates as an existing period, whatever its label.
+    if (Periodes(m_chemin).isPeriodeExiste(m_periode.debut, m_periode.fin))
+        return messageExisteDeja();
+    return {};
+}
+
+int NouvellePeriode::enregistre(QString* refusDonne)
+{
+    const QString message = refus();
+    if (refusDonne)
+        *refusDonne = message;
+    if (!message.isEmpty())
+        return 0;
+    const int id = Periodes(m_chemin).enregistrePeriode(m_periode);
+    if (id != 0 && m_majAutomatique)
+        Profil(m_chemin).majNouvellePeriodeDu(m_periode.debut, m_srj, m_taux);
+    return id;
+}
+
+} // namespace corvane

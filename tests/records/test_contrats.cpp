@@ -1,0 +1,574 @@
+// The contract model: listing filters and their clause, the inverted sort, the rows'
+// display keys, totals and the sticky grouped count, the screen's statements, duplication,
+// deletion with expense links, the check boxes, the remembered dates, the sickness overlap
+// count and the day-number list rules.
+
+#include "records/Contrats.h"
+#include "records/OutilsContrats.h"
+#include "store/Horloge.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::test;
+
+class TestContrats : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+    QString m_liste; // the listing document
+    int m_orly = 0;
+    int m_opera = 0;
+    QMap<QString, int> m_ids;
+    int m_numero = 0;
+
+    QString nouveauDocument() { return documentContrats(m_dossier, QStringLiteral("c%1.cv4").arg(++m_numero)); }
+
+    QList<int> ids(const QStringList& noms)
+    {
+        QList<int> liste;
+        for (const QString& nom : noms)
+            liste << m_ids.value(nom);
+        return liste;
+    }
+
+    static QList<int> idsDe(const Lignes& lignes)
+    {
+        QList<int> liste;
+        for (const Ligne& l : lignes)
+            liste << l.value("Id Contrat").toInt();
+        return liste;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        Horloge::fixer(QDate(2024, 6, 15));
+        m_liste = nouveauDocument();
+        QVERIFY(!m_liste.isEmpty());
+        m_orly = ajouterEmployeur(m_liste, QStringLiteral("Théâtre d'Orly"));
+        m_opera = ajouterEmployeur(m_liste, QStringLiteral("Opéra"), 0, 1);
+        // A: New Year's Day; B: five days of teaching; C: planned; D: 1 January of next year;
+        // E: five days across the new year.
+        m_ids["A"] =
+            ajouterContrat(m_liste, {m_orly, QDate(2024, 1, 1), QDate(2024, 1, 1), 12, 1, 100, 80, 1, 1, 1, 1});
+        m_ids["B"] =
+            ajouterContrat(m_liste, {m_opera, QDate(2024, 3, 10), QDate(2024, 3, 14), 40, 5, 500, 400, 1, 0, 2, 2});
+        m_ids["C"] =
+            ajouterContrat(m_liste, {m_orly, QDate(2024, 7, 1), QDate(2024, 7, 2), 16, 2, 300, 240, 0, 0, 1, 3});
+        m_ids["D"] =
+            ajouterContrat(m_liste, {m_opera, QDate(2025, 1, 1), QDate(2025, 1, 1), 12, 1, 150, 120, 0, 0, 3, 1});
+        m_ids["E"] = ajouterContrat(
+            m_liste, {m_orly, QDate(2023, 12, 31), QDate(2024, 1, 4), 40, 5, 1000.5, 800.25, 1, 1, 1, 1});
+        // The current period ends on 31 December 2024; a sickness leave in it stretches it by 10 days.
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrir(m_liste));
+        base.exec("UPDATE periodes SET p_date_debut = '2024-03-01 00:00:00.000', p_date_fin = '2024-12-31 "
+                  "00:00:00.000';");
+    }
+
+    void filtres_data()
+    {
+        QTest::addColumn<QString>("periode");
+        QTest::addColumn<int>("effectue");
+        QTest::addColumn<int>("paye");
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("employeur");
+        QTest::addColumn<QString>("emploi");
+        QTest::addColumn<bool>("arret");
+        QTest::addColumn<QStringList>("attendus");
+
+        const QString x;
+        QTest::newRow("all, latest first")
+            << "tous" << 0 << 0 << x << x << x << false << QStringList{"D", "C", "B", "A", "E"};
+        QTest::newRow("done") << "tous" << 1 << 0 << x << x << x << false << QStringList{"B", "A", "E"};
+        QTest::newRow("planned") << "tous" << 2 << 0 << x << x << x << false << QStringList{"D", "C"};
+        QTest::newRow("paid") << "tous" << 0 << 1 << x << x << x << false << QStringList{"A", "E"};
+        QTest::newRow("unpaid and done") << "tous" << 1 << 2 << x << x << x << false << QStringList{"B"};
+        QTest::newRow("type") << "tous" << 0 << 0 << "Prestations" << x << x << false << QStringList{"C", "A", "E"};
+        QTest::newRow("employer with a quote")
+            << "tous" << 0 << 0 << x << "Théâtre d'Orly" << x << false << QStringList{"C", "A", "E"};
+        QTest::newRow("job") << "tous" << 0 << 0 << x << x << "Technicien" << false << QStringList{"C"};
+        QTest::newRow("type and employer") << "tous" << 0 << 0 << "Formations"
+                                           << "Opéra" << x << false << QStringList{"D"};
+        // Text comparison: 1 January of this year is in, 1 January of next year is not.
+        QTest::newRow("this year") << "annee" << 0 << 0 << x << x << x << false << QStringList{"C", "B", "A"};
+        QTest::newRow("this year, done") << "annee" << 1 << 0 << x << x << x << false << QStringList{"B", "A"};
+        QTest::newRow("period") << "periode" << 0 << 0 << x << x << x << false << QStringList{"C", "B"};
+        QTest::newRow("period, unpaid planned") << "periode" << 2 << 2 << x << x << x << false << QStringList{"C"};
+        QTest::newRow("reference period")
+            << "periode_reference" << 0 << 0 << x << x << x << false << QStringList{"C", "B"};
+        QTest::newRow("reference period stretched by a sickness leave")
+            << "periode_reference" << 0 << 0 << x << x << x << true << QStringList{"D", "C", "B"};
+    }
+
+    void filtres()
+    {
+        QFETCH(QString, periode);
+        QFETCH(int, effectue);
+        QFETCH(int, paye);
+        QFETCH(QString, type);
+        QFETCH(QString, employeur);
+        QFETCH(QString, emploi);
+        QFETCH(bool, arret);
+        QFETCH(QStringList, attendus);
+
+        int arretId = 0;
+        if (arret)
+            arretId = ajouterArretMaladie(m_liste, QDate(2024, 5, 1), QDate(2024, 5, 10), 10);
+        Contrats contrats(m_liste);
+        FiltreContrats filtre;
+        filtre.periode = periode;
+        filtre.effectue = effectue;
+        filtre.paye = paye;
+        filtre.filtreType = !type.isEmpty();
+        filtre.type = type;
+        filtre.filtreEmployeur = !employeur.isEmpty();
+        filtre.employeur = employeur;
+        filtre.filtreEmploi = !emploi.isEmpty();
+        filtre.emploi = emploi;
+        filtre.du = QDate(2024, 3, 1);
+        filtre.au = QDate(2024, 7, 1);
+        filtre.sens = QStringLiteral("ASC");
+        const QList<int> obtenus = idsDe(contrats.listeLesContrats(filtre));
+        if (arret)
+            contrats.db().exec(QStringLiteral("DELETE FROM securitesociale WHERE ss_id = %1;").arg(arretId));
+        QCOMPARE(obtenus, ids(attendus));
+    }
+
+    void finDePeriodeEnCours()
+    {
+        Contrats contrats(m_liste);
+        QCOMPARE(contrats.retrouveDateFinDePeriodeEnCours(), QDate(2024, 12, 31));
+        QCOMPARE(contrats.allongementPeriodeDeReference, 0);
+        const int arret = ajouterArretMaladie(m_liste, QDate(2024, 5, 1), QDate(2024, 5, 10), 10);
+        QCOMPARE(contrats.retrouveDateFinDePeriodeEnCours(), QDate(2025, 1, 10));
+        QCOMPARE(contrats.allongementPeriodeDeReference, 10);
+        contrats.db().exec(QStringLiteral("DELETE FROM securitesociale WHERE ss_id = %1;").arg(arret));
+    }
+
+    void clause_data()
+    {
+        QTest::addColumn<QString>("periode");
+        QTest::addColumn<int>("effectue");
+        QTest::addColumn<int>("paye");
+        QTest::addColumn<QString>("clause");
+        QTest::newRow("all") << "tous" << 0 << 0 << "((c_effectue=0) OR (c_effectue=1))";
+        QTest::newRow("all, done, paid") << "tous" << 1 << 1 << "(c_effectue=1) AND (c_paye=1)";
+        QTest::newRow("year, planned")
+            << "annee" << 2 << 0
+            << "(c_debut_contrat BETWEEN date('now', 'start of year') AND date('now', 'start of year', '+1 year'))  "
+               "AND (c_effectue=0)";
+        QTest::newRow("period, unpaid")
+            << "periode" << 0 << 2
+            << "(c_debut_contrat BETWEEN '2024-03-01 00:00:00.000' AND '2024-07-01 00:00:00.000')  AND (c_paye=0)";
+    }
+
+    void clause()
+    {
+        QFETCH(QString, periode);
+        QFETCH(int, effectue);
+        QFETCH(int, paye);
+        QFETCH(QString, clause);
+        Contrats contrats(m_liste);
+        FiltreContrats filtre;
+        filtre.periode = periode;
+        filtre.effectue = effectue;
+        filtre.paye = paye;
+        filtre.du = QDate(2024, 3, 1);
+        filtre.au = QDate(2024, 7, 1);
+        contrats.listeLesContrats(filtre);
+        QCOMPARE(contrats.clauseWhere, clause);
+    }
+
+    void tri_data()
+    {
+        QTest::addColumn<QString>("sens");
+        QTest::addColumn<QString>("prefere");
+        QTest::addColumn<QStringList>("attendus");
+        const QStringList recentsDabord{"D", "C", "B", "A", "E"};
+        const QStringList anciensDabord{"E", "A", "B", "C", "D"};
+        QTest::newRow("ASC lists the latest first") << "ASC"
+                                                    << "DESC" << recentsDabord;
+        QTest::newRow("DESC with the setting DESC") << "DESC"
+                                                    << "DESC" << anciensDabord;
+        QTest::newRow("DESC with the setting ASC") << "DESC"
+                                                   << "ASC" << recentsDabord;
+        QTest::newRow("no word, setting DESC") << ""
+                                               << "DESC" << anciensDabord;
+        QTest::newRow("no word, setting ASC") << ""
+                                              << "ASC" << recentsDabord;
+    }
+
+    void tri()
+    {
+        QFETCH(QString, sens);
+        QFETCH(QString, prefere);
+        QFETCH(QStringList, attendus);
+        Contrats contrats(m_liste);
+        FiltreContrats filtre;
+        filtre.sens = sens;
+        filtre.sensPrefere = prefere;
+        QCOMPARE(idsDe(contrats.listeLesContrats(filtre)), ids(attendus));
+    }
+
+    void lignes()
+    {
+        const int frais1 = ajouterFrais(m_liste, QStringLiteral("Train"), 50);
+        const int frais2 = ajouterFrais(m_liste, QStringLiteral("Hôtel"), 90);
+        Contrats contrats(m_liste);
+        contrats.enregistreFraisLies(m_ids["B"], {frais1, frais2});
+        FiltreContrats filtre;
+        filtre.filtreEmploi = true;
+        filtre.emploi = QStringLiteral("Ouvrier");
+        const Lignes lignes = contrats.listeLesContrats(filtre);
+        QCOMPARE(lignes.size(), 1);
+        const Ligne& l = lignes.first();
+        QStringList cles = l.keys();
+        cles.sort();
+        QStringList attendues{"Id Contrat",
+                              "Date Debut",
+                              "Date Fin",
+                              "Date Debut SQLite",
+                              "Date Fin SQLite",
+                              "Emploi",
+                              "Jours",
+                              "Id Employeur",
+                              "Heures",
+                              "Salaire Brut",
+                              "Salaire Net",
+                              "Employeur",
+                              "Liste Dates",
+                              "Abattement",
+                              "Effectue",
+                              "Paye",
+                              "Note",
+                              "Type",
+                              "Fonction",
+                              "Conges",
+                              "Guso",
+                              "Annee Encaissement",
+                              "Lieu",
+                              "Id Frais Lie",
+                              "AEM - FP",
+                              "PAS"};
+        attendues.sort();
+        QCOMPARE(cles, attendues);
+        QCOMPARE(l.value("Date Debut").toString(), QStringLiteral("10/03/2024"));
+        QCOMPARE(l.value("Date Fin SQLite").toString(), QStringLiteral("2024-03-14 00:00:00.000"));
+        QCOMPARE(l.value("Emploi").toString(), QStringLiteral("Ouvrier"));
+        QCOMPARE(l.value("Employeur").toString(), QStringLiteral("Opéra"));
+        QCOMPARE(l.value("Salaire Brut").typeId(), int(QMetaType::Float));
+        QCOMPARE(l.value("Salaire Brut").toFloat(), 500.0f);
+        QCOMPARE(l.value("Heures").toInt(), 40);
+        QCOMPARE(l.value("Type").toInt(), 2);
+        QCOMPARE(l.value("Guso").toInt(), 1);
+        QCOMPARE(l.value("AEM - FP").toInt(), 1);
+        QCOMPARE(l.value("Id Frais Lie").toString(), QStringLiteral("%1,%2").arg(frais1).arg(frais2));
+        // The model's own listing has only its keys.
+        QCOMPARE(contrats.listeLesContrats(filtre, false).first().size(), 20);
+        contrats.enregistreFraisLies(m_ids["B"], {});
+    }
+
+    void totauxEtPeriodesGroupees()
+    {
+        Contrats contrats(m_liste);
+        FiltreContrats tous;
+        contrats.listeLesContrats(tous);
+        QCOMPARE(contrats.totalHeures, 120u);
+        QCOMPARE(contrats.totalJours, 14u);
+        QCOMPARE(contrats.totalBruts, 2050.5);
+        QCOMPARE(contrats.totalNets, 1640.25);
+        QCOMPARE(contrats.nombrePeriodesGroupees, 2u);
+
+        // No grouped contract in this filter: the previous count stays.
+        FiltreContrats formations;
+        formations.filtreType = true;
+        formations.type = QStringLiteral("Formations");
+        contrats.listeLesContrats(formations);
+        QCOMPARE(contrats.totalHeures, 12u);
+        QCOMPARE(contrats.totalBruts, 150.0);
+        QCOMPARE(contrats.nombrePeriodesGroupees, 2u);
+
+        FiltreContrats enseignement;
+        enseignement.filtreType = true;
+        enseignement.type = QStringLiteral("Enseignements");
+        contrats.listeLesContrats(enseignement);
+        QCOMPARE(contrats.nombrePeriodesGroupees, 1u);
+
+        FiltreContrats vide;
+        vide.periode = QStringLiteral("periode");
+        vide.du = QDate(2030, 1, 1);
+        vide.au = QDate(2030, 12, 31);
+        QVERIFY(contrats.listeLesContrats(vide).isEmpty());
+        QCOMPARE(contrats.totalHeures, 0u);
+        QCOMPARE(contrats.totalNets, 0.0);
+        QCOMPARE(contrats.nombrePeriodesGroupees, 1u);
+    }
+
+    void comptes()
+    {
+        Contrats contrats(m_liste);
+        QCOMPARE(contrats.compteLesContrats(), 5);
+        QCOMPARE(contrats.compteLesContratsParEmployeur(m_orly), 3);
+        QCOMPARE(contrats.tousLesTypesDeContrats(),
+                 (QStringList{"Enseignements", "Formations", "Prestations", "Régime Général"}));
+        QVERIFY(!contrats.isModeleExistePourEmployeur(m_orly));
+        const QString autre = nouveauDocument();
+        const int modele = ajouterModele(autre, QStringLiteral("Concert"), 1, 1, 1, 12, 200, 150);
+        const int employeur = ajouterEmployeur(autre, QStringLiteral("L'Olympia"), modele);
+        Contrats avecModele(autre);
+        QVERIFY(avecModele.isModeleExistePourEmployeur(employeur));
+        QVERIFY(avecModele.isModeleExistePourEmployeur(QStringLiteral("L'Olympia")));
+    }
+
+    void guillemetsEtEcrans()
+    {
+        const QString chemin = nouveauDocument();
+        const int employeur = ajouterEmployeur(chemin, QStringLiteral("Théâtre de l'Odéon"));
+        Contrats contrats(chemin);
+        contrats.employeurId = employeur;
+        contrats.emploi = 1;
+        contrats.dateDebut = QDate(2024, 4, 2);
+        contrats.dateFin = QDate(2024, 4, 3);
+        contrats.heures = 24;
+        contrats.jours = 2;
+        contrats.brut = 412.346;
+        contrats.net = 321.5;
+        contrats.abattement = 2;
+        contrats.note = QStringLiteral("Répétition de l'été");
+        contrats.fonction = QStringLiteral("Chef d'orchestre");
+        const int id = contrats.enregistreContrat();
+        QVERIFY(id > 0);
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_note FROM contrats WHERE c_id = %1;").arg(id)),
+                 QStringLiteral("Répétition de l'été"));
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_salaire_brut FROM contrats WHERE c_id = %1;").arg(id)),
+                 QStringLiteral("412.35"));
+
+        contrats.fonction = QStringLiteral("Régisseur 'plateau'");
+        contrats.modifieContrat(id);
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_fonction FROM contrats WHERE c_id = %1;").arg(id)),
+                 QStringLiteral("Régisseur 'plateau'"));
+
+        contrats.lieu = QStringLiteral("Salle l'Européen");
+        contrats.datesTravaillees = QStringLiteral("02/04/2024,03/04/2024");
+        contrats.netAPayer = 300.0;
+        contrats.anneeEncaissement = 2024;
+        contrats.aemFp = 0;
+        contrats.pas = 21.5;
+        const int ecran = contrats.enregistreContratDepuisEcran();
+        QVERIFY(ecran > id);
+        QCOMPARE(
+            valeur(chemin, QStringLiteral("SELECT c_lieu || '|' || c_dates_travaillees || '|' || c_aem_fp || '|' "
+                                          "|| c_pas || '|' || c_salaire_net_a_payer FROM contrats WHERE c_id = %1;")
+                               .arg(ecran)),
+            QStringLiteral("Salle l'Européen|02/04/2024,03/04/2024|0|21.5|300.0"));
+        contrats.lieu = QStringLiteral("Chez \"Lulu\" l'après-midi");
+        contrats.modifieContratDepuisEcran(ecran);
+        QVERIFY(contrats.chargeContrat(ecran));
+        QCOMPARE(contrats.lieu, QStringLiteral("Chez \"Lulu\" l'après-midi"));
+        QCOMPARE(contrats.pas, 21.5);
+
+        const int copie = contrats.dupliqueContrat(ecran);
+        QVERIFY(copie > ecran);
+        Contrats relu(chemin);
+        QVERIFY(relu.chargeContrat(copie));
+        QCOMPARE(relu.note, QStringLiteral("Répétition de l'été"));
+        QCOMPARE(relu.fonction, QStringLiteral("Régisseur 'plateau'"));
+        QCOMPARE(relu.lieu, QStringLiteral("Chez \"Lulu\" l'après-midi"));
+        QCOMPARE(relu.datesTravaillees, QStringLiteral("02/04/2024,03/04/2024"));
+        QCOMPARE(relu.anneeEncaissement, 2024);
+        QCOMPARE(relu.netAPayer, 300.0);
+        QCOMPARE(relu.brut, 412.35);
+        // The copy takes no expenses, and the two columns the statement leaves out keep their defaults.
+        QCOMPARE(relu.fraisLies, QString());
+        QCOMPARE(relu.aemFp, 1);
+        QCOMPARE(relu.pas, 0.0);
+        QCOMPARE(relu.dates, QString());
+    }
+
+    void cases()
+    {
+        const QString chemin = nouveauDocument();
+        const int id = ajouterContrat(chemin, {1, QDate(2024, 4, 2), QDate(2024, 4, 2), 12, 1, 100, 80, 0, 0, 1, 1});
+        Contrats contrats(chemin);
+        contrats.enregistreLesCochesPourId(id, 1, 1, 1, 0);
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_effectue || c_paye || c_conges || c_aem_fp FROM contrats "
+                                               "WHERE c_id = %1;")
+                                    .arg(id)),
+                 QStringLiteral("1110"));
+        contrats.enregistreLesCochesPourId(id, 0, 1, 0, 1);
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_effectue || c_paye || c_conges || c_aem_fp FROM contrats "
+                                               "WHERE c_id = %1;")
+                                    .arg(id)),
+                 QStringLiteral("0101"));
+    }
+
+    void fraisLiesEtSuppression()
+    {
+        const QString chemin = nouveauDocument();
+        const int a = ajouterContrat(chemin, {1, QDate(2024, 4, 2), QDate(2024, 4, 2), 12, 1, 100, 80});
+        const int b = ajouterContrat(chemin, {1, QDate(2024, 4, 5), QDate(2024, 4, 5), 12, 1, 100, 80});
+        const int train = ajouterFrais(chemin, QStringLiteral("Train"), 50);
+        const int hotel = ajouterFrais(chemin, QStringLiteral("Hôtel"), 90);
+        const int repas = ajouterFrais(chemin, QStringLiteral("Repas"), 15);
+        Contrats contrats(chemin);
+        contrats.enregistreFraisLies(a, {train, hotel});
+        contrats.enregistreFraisLies(b, {repas});
+        QCOMPARE(contrats.fraisLiesAuContrat(a), (QList<int>{train, hotel}));
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT f_contrat_lie FROM frais WHERE f_id = %1;").arg(hotel)),
+                 QString::number(a));
+        // Saving again rewrites the contract's links.
+        contrats.enregistreFraisLies(a, {hotel});
+        QCOMPARE(contrats.fraisLiesAuContrat(a), (QList<int>{hotel}));
+        QCOMPARE(valeur(chemin, "SELECT COUNT(*) FROM contrats_frais;"), QStringLiteral("2"));
+
+        contrats.supprimeContratsEtLiens({a});
+        QCOMPARE(contrats.compteLesContrats(), 1);
+        QCOMPARE(contrats.fraisLiesAuContrat(a), QList<int>());
+        QCOMPARE(contrats.fraisLiesAuContrat(b), QList<int>{repas});
+        QCOMPARE(valeur(chemin, "SELECT COUNT(*) FROM frais;"), QStringLiteral("3"));
+        QCOMPARE(contrats.tousLesFrais().size(), 3);
+    }
+
+    void suppressionsSimples()
+    {
+        const QString chemin = nouveauDocument();
+        const int employeur = ajouterEmployeur(chemin, QStringLiteral("Cirque"));
+        const int a = ajouterContrat(chemin, {employeur, QDate(2024, 4, 2), QDate(2024, 4, 2)});
+        ajouterContrat(chemin, {employeur, QDate(2024, 4, 3), QDate(2024, 4, 3)});
+        ajouterContrat(chemin, {1, QDate(2024, 4, 4), QDate(2024, 4, 4)});
+        Contrats contrats(chemin);
+        contrats.supprimeContrat(a);
+        QCOMPARE(contrats.compteLesContrats(), 2);
+        contrats.supprimeContratsParEmployeur(employeur);
+        QCOMPARE(contrats.compteLesContrats(), 1);
+    }
+
+    void datesDeLaPeriode()
+    {
+        const QString chemin = nouveauDocument();
+        Contrats contrats(chemin);
+        contrats.enregistreDatesPeriode(QDate(2024, 2, 1), QDate(2024, 8, 31));
+        QCOMPARE(valeur(chemin, "SELECT dpp_date FROM datesPeriodesPreferees WHERE dpp_id = 1;"),
+                 QStringLiteral("2024-02-01 00:00:00.000"));
+        QCOMPARE(valeur(chemin, "SELECT dpp_date FROM datesPeriodesPreferees WHERE dpp_id = 2;"),
+                 QStringLiteral("2024-08-31 00:00:00.000"));
+        Contrats relu(chemin);
+        QCOMPARE(relu.datePeriodeDebut(), QDate(2024, 2, 1));
+        QCOMPARE(relu.datePeriodeFin(), QDate(2024, 8, 31));
+    }
+
+    void superpositions_data()
+    {
+        QTest::addColumn<QDate>("debut");
+        QTest::addColumn<QDate>("fin");
+        QTest::addColumn<int>("nombre");
+        QTest::addColumn<QString>("message");
+        const QString une = QStringLiteral("Ce contrat chevauche une période de Sécurité Sociale existante.");
+        const QString plusieurs =
+            QStringLiteral("Ce contrat chevauche plusieurs périodes de Sécurité Sociale existantes.");
+        QTest::newRow("none") << QDate(2024, 2, 1) << QDate(2024, 2, 5) << 0 << QString();
+        QTest::newRow("inside the contract counts three times")
+            << QDate(2024, 3, 11) << QDate(2024, 3, 12) << 3 << plusieurs;
+        QTest::newRow("around the contract") << QDate(2024, 3, 1) << QDate(2024, 3, 31) << 1 << une;
+        QTest::newRow("touching the first day") << QDate(2024, 3, 5) << QDate(2024, 3, 10) << 1 << une;
+        QTest::newRow("touching the last day") << QDate(2024, 3, 14) << QDate(2024, 3, 20) << 1 << une;
+        QTest::newRow("the same dates") << QDate(2024, 3, 10) << QDate(2024, 3, 14) << 4 << plusieurs;
+    }
+
+    void superpositions()
+    {
+        QFETCH(QDate, debut);
+        QFETCH(QDate, fin);
+        QFETCH(int, nombre);
+        QFETCH(QString, message);
+        const QString chemin = nouveauDocument();
+        ajouterArretMaladie(chemin, debut, fin);
+        Contrats contrats(chemin);
+        const int obtenu = contrats.nombreDeSuperpositionsAvecContratsDu(QDate(2024, 3, 10), QDate(2024, 3, 14));
+        QCOMPARE(obtenu, nombre);
+        QCOMPARE(Contrats::messageSuperpositions(obtenu), message);
+    }
+
+    void caracteres_data()
+    {
+        QTest::addColumn<QString>("liste");
+        QTest::addColumn<bool>("accepte");
+        QTest::newRow("a1: only the last character counts") << "a1" << true;
+        QTest::newRow("1a") << "1a" << false;
+        QTest::newRow("3,4") << "3,4" << true;
+        QTest::newRow("trailing comma") << "3," << true;
+        QTest::newRow("blank at the end") << "3 " << false;
+        QTest::newRow("empty") << "" << true;
+    }
+
+    void caracteres()
+    {
+        QFETCH(QString, liste);
+        QFETCH(bool, accepte);
+        QCOMPARE(Contrats::verifieCaracteresChaineDates(liste), accepte);
+    }
+
+    void format_data()
+    {
+        QTest::addColumn<QString>("liste");
+        QTest::addColumn<QString>("mode");
+        QTest::addColumn<QDate>("debut");
+        QTest::addColumn<QDate>("fin");
+        QTest::addColumn<bool>("accepte");
+        const QDate mars10(2024, 3, 10), mars14(2024, 3, 14);
+        const QDate mars28(2024, 3, 28), avril3(2024, 4, 3);
+        const QDate dec28(2024, 12, 28), jan3(2025, 1, 3);
+        QTest::newRow("leading comma") << ",3"
+                                       << "modif" << mars10 << mars14 << false;
+        QTest::newRow("trailing comma") << "3,"
+                                        << "modif" << mars10 << mars14 << false;
+        QTest::newRow("two commas") << "3,,4"
+                                    << "modif" << mars10 << mars14 << false;
+        QTest::newRow("repeated number") << "3,3"
+                                         << "modif" << mars10 << mars14 << false;
+        QTest::newRow("repeated among others") << "3,4,5,4"
+                                               << "modif" << mars10 << mars14 << false;
+        QTest::newRow("distinct numbers") << "3,4,7"
+                                          << "modif" << mars10 << mars14 << true;
+        QTest::newRow("out of the dates, not new") << "30"
+                                                   << "modif" << mars10 << mars14 << true;
+        QTest::newRow("new, same month, inside") << "10,12,14"
+                                                 << "nouveau" << mars10 << mars14 << true;
+        QTest::newRow("new, same month, before") << "9"
+                                                 << "nouveau" << mars10 << mars14 << false;
+        QTest::newRow("new, same month, after") << "15"
+                                                << "nouveau" << mars10 << mars14 << false;
+        QTest::newRow("new, two months, both ends") << "28,31,1,3"
+                                                    << "nouveau" << mars28 << avril3 << true;
+        QTest::newRow("new, two months, before the start") << "27"
+                                                           << "nouveau" << mars28 << avril3 << false;
+        QTest::newRow("new, two months, after the end") << "4"
+                                                        << "nouveau" << mars28 << avril3 << false;
+        QTest::newRow("new, across the new year: not checked") << "15"
+                                                               << "nouveau" << dec28 << jan3 << true;
+        QTest::newRow("new, across the new year, repeated") << "29,29"
+                                                            << "nouveau" << dec28 << jan3 << false;
+    }
+
+    void format()
+    {
+        QFETCH(QString, liste);
+        QFETCH(QString, mode);
+        QFETCH(QDate, debut);
+        QFETCH(QDate, fin);
+        QFETCH(bool, accepte);
+        QCOMPARE(Contrats::verifieFormatChaineDates(liste, mode, debut, fin), accepte);
+        Contrats modele;
+        modele.dateDebut = debut;
+        modele.dateFin = fin;
+        QCOMPARE(modele.verifieFormatChaineDates(liste, mode), accepte);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestContrats)
+#include "test_contrats.moc"

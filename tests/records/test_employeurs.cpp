@@ -1,0 +1,364 @@
+// Employers: saving and listing (quotes everywhere), the duplicate rule, the two ways
+// of deleting, the totals and the chart, and the import from another document.
+
+#include "commun/OutilsDocument.h"
+#include "records/Employeurs.h"
+#include "store/Horloge.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::test;
+
+class TestEmployeurs : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+    int m_numero = 0;
+
+    QString document()
+    {
+        const QString chemin =
+            creerDocument(parametresParDefaut(m_dossier.filePath(QStringLiteral("e%1.cv4").arg(++m_numero))));
+        ouvrirDocument(chemin);
+        return chemin;
+    }
+
+    static Employeur employeur(const QString& nom, const QString& commune, const QString& codePostal = "75001")
+    {
+        Employeur e;
+        e.raisonSociale = nom;
+        e.commune = commune;
+        e.codePostal = codePostal;
+        return e;
+    }
+
+    static qint64 compte(const QString& chemin, const QString& sql)
+    {
+        BaseDeDonnees base;
+        base.ouvrirEnLecture(chemin);
+        return base.entier(sql);
+    }
+
+    static void contrat(const QString& chemin, int employeurId, int heures, int jours, double brut, double net,
+                        double netAPayer)
+    {
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrir(chemin));
+        QCOMPARE(base.executer("INSERT INTO contrats (c_employeur_id, c_nbre_heures, c_nbre_jours, c_salaire_brut, "
+                               "c_salaire_net, c_salaire_net_a_payer) VALUES (?, ?, ?, ?, ?, ?);",
+                               {employeurId, heures, jours, brut, net, netAPayer}),
+                 101);
+    }
+
+private slots:
+    void initTestCase() { Horloge::fixer(QDate(2024, 6, 15)); }
+
+    void enregistrementEtListe()
+    {
+        const QString chemin = document();
+        Employeurs employeurs(chemin);
+        Employeur e = employeur("Théâtre de l'Œuvre", "L'Haÿ-les-Roses", "94'240");
+        e.adresse = "55 rue de Clichy, l'entrée";
+        e.email = "o'brien@exemple.fr";
+        e.interlocuteur = "M. d'Artagnan";
+        e.telephone = "01'44";
+        e.fax = "";
+        e.conventionne = 0;
+        e.id = employeurs.enregistreEmployeur(e);
+        QCOMPARE(e.id, 2);
+        e.siret = "123 456'789";
+        e.licenceSpectacle = "2-10'45";
+        e.couleur = "255,0,0";
+        e.guso = 1;
+        e.numeroGuso = "G'1";
+        e.codeApe = "90.01Z";
+        e.latitude = 48.88;
+        e.longitude = 2.33;
+        e.prospect = 0;
+        e.qualiteId = 3;
+        QVERIFY(employeurs.enregistreComplements(e));
+        QVERIFY(employeurs.enregistreEmployeur(employeur("Atelier", "Lyon")) > 0);
+
+        const Lignes liste = employeurs.listeLesEmployeurs();
+        QCOMPARE(liste.size(), 3);
+        // Sorted by name.
+        QCOMPARE(liste[0].value("Enseigne").toString(), QStringLiteral("Atelier"));
+        QCOMPARE(liste[1].value("Enseigne").toString(), QStringLiteral("Inconnu"));
+        QStringList cles = Employeurs::clesListe();
+        cles.sort();
+        QCOMPARE(liste[2].keys(), cles);
+        const Employeur relu = Employeurs::depuisLigne(liste[2]);
+        QCOMPARE(relu.raisonSociale, e.raisonSociale);
+        QCOMPARE(relu.adresse, e.adresse);
+        QCOMPARE(relu.codePostal, e.codePostal);
+        QCOMPARE(relu.commune, e.commune);
+        QCOMPARE(relu.email, e.email);
+        QCOMPARE(relu.interlocuteur, e.interlocuteur);
+        QCOMPARE(relu.telephone, e.telephone);
+        QCOMPARE(relu.conventionne, 0);
+        QCOMPARE(relu.siret, e.siret);
+        QCOMPARE(relu.licenceSpectacle, e.licenceSpectacle);
+        QCOMPARE(relu.couleur, e.couleur);
+        QCOMPARE(relu.guso, 1);
+        QCOMPARE(relu.numeroGuso, e.numeroGuso);
+        QCOMPARE(relu.codeApe, e.codeApe);
+        QCOMPARE(relu.latitude, 48.88);
+        QCOMPARE(relu.prospect, 0);
+        QCOMPARE(relu.qualiteId, 3);
+
+        QCOMPARE(employeurs.retrouveIdEmployeur("Théâtre de l'Œuvre"), 2);
+        QCOMPARE(employeurs.existanceEmployeur("Théâtre de l'Œuvre", "94'240", "L'Haÿ-les-Roses"), 1);
+        QCOMPARE(employeurs.compteLesEmployeursAvecRaisonSocialeCommune("Théâtre de l'Œuvre", "L'Haÿ-les-Roses"), 1);
+        QCOMPARE(employeurs.tousLesEmployeurs(), (QStringList{"Atelier", "Inconnu", "Théâtre de l'Œuvre"}));
+        QCOMPARE(employeurs.compteLesEmployeurs(), 3);
+
+        // Editing keeps the quotes too.
+        e.raisonSociale = "L'Œuvre";
+        e.commune = "Saint-Maur-des-Fossés";
+        QVERIFY(employeurs.modifieEmployeur(e));
+        QCOMPARE(employeurs.retrouveIdEmployeur("L'Œuvre"), 2);
+        QCOMPARE(employeurs.employeur(2)->commune, QStringLiteral("Saint-Maur-des-Fossés"));
+        QVERIFY(!employeurs.employeur(99));
+    }
+
+    void doublons_data()
+    {
+        QTest::addColumn<QString>("nom");
+        QTest::addColumn<QString>("codePostal");
+        QTest::addColumn<QString>("commune");
+        QTest::addColumn<QString>("refus");
+        QTest::newRow("same name, another town") << "Le Zèbre"
+                                                 << "75001"
+                                                 << "Lyon" << QString();
+        QTest::newRow("same name, another postal code") << "Le Zèbre"
+                                                        << "75002"
+                                                        << "Paris" << QString();
+        QTest::newRow("same name, postal code and town") << "Le Zèbre"
+                                                         << "75001"
+                                                         << "Paris" << Employeurs::messageExisteDeja();
+        QTest::newRow("another name") << "Le Zèbre d'or"
+                                      << "75001"
+                                      << "Paris" << QString();
+        QTest::newRow("no name") << "  "
+                                 << "75001"
+                                 << "Paris" << Employeurs::messageRaisonSocialeObligatoire();
+    }
+
+    void doublons()
+    {
+        QFETCH(QString, nom);
+        QFETCH(QString, codePostal);
+        QFETCH(QString, commune);
+        QFETCH(QString, refus);
+        const QString chemin = document();
+        Employeurs employeurs(chemin);
+        const int premier = employeurs.enregistreEmployeur(employeur("Le Zèbre", "Paris", "75001"));
+        const Employeur second = employeur(nom, commune, codePostal);
+        QCOMPARE(employeurs.refusEnregistrement(second), refus);
+        if (refus.isEmpty()) {
+            QVERIFY(employeurs.enregistreEmployeur(second) > premier);
+            QCOMPARE(employeurs.compteLesEmployeurs(), 3); // both kept, with 'Inconnu'
+        }
+        // An employer is never its own duplicate.
+        Employeur lui = employeur("Le Zèbre", "Paris", "75001");
+        lui.id = premier;
+        QCOMPARE(employeurs.refusEnregistrement(lui), QString());
+    }
+
+    void conventionne()
+    {
+        const QString chemin = document();
+        Employeurs employeurs(chemin);
+        const int id = employeurs.enregistreEmployeur(employeur("A", "B"));
+        QCOMPARE(employeurs.employeur(id)->conventionne, 1);
+        QVERIFY(employeurs.enregistreLesCochesPourId(id, false));
+        QCOMPARE(employeurs.employeur(id)->conventionne, 0);
+        QVERIFY(employeurs.enregistreLesCochesPourId(id, true));
+        QCOMPARE(employeurs.employeur(id)->conventionne, 1);
+    }
+
+    void suppression_data()
+    {
+        QTest::addColumn<bool>("avecContrats");
+        QTest::addColumn<QString>("reponse");
+        QTest::addColumn<bool>("questionPosee");
+        QTest::addColumn<bool>("employeurSupprime");
+        QTest::addColumn<int>("contratsRestants");
+        QTest::addColumn<int>("modelesRestants");
+        // Templates: one naming the employer, one naming another.
+        QTest::newRow("no contracts: employer and its templates go, no question")
+            << false << "" << false << true << 1 << 1;
+        QTest::newRow("contracts, \"Tout\": contracts and employer go, templates stay")
+            << true << "Tout" << true << true << 1 << 2;
+        QTest::newRow("contracts, \"Rien\": nothing changes") << true << "Rien" << true << false << 3 << 2;
+    }
+
+    void suppression()
+    {
+        QFETCH(bool, avecContrats);
+        QFETCH(QString, reponse);
+        QFETCH(bool, questionPosee);
+        QFETCH(bool, employeurSupprime);
+        QFETCH(int, contratsRestants);
+        QFETCH(int, modelesRestants);
+        const QString chemin = document();
+        int id = 0;
+        {
+            Employeurs employeurs(chemin);
+            id = employeurs.enregistreEmployeur(employeur("Compagnie d'Arles", "Arles"));
+            const int autre = employeurs.enregistreEmployeur(employeur("Autre", "Nîmes"));
+            contrat(chemin, autre, 10, 1, 100, 80, 80);
+            if (avecContrats) {
+                contrat(chemin, id, 10, 1, 100, 80, 80);
+                contrat(chemin, id, 12, 1, 120, 90, 90);
+            }
+            BaseDeDonnees base;
+            QVERIFY(base.ouvrir(chemin));
+            base.executer(QStringLiteral("INSERT INTO contratsmodeles (cm_libelle, cm_employeur) VALUES ('a', %1), "
+                                         "('b', %2);")
+                              .arg(id)
+                              .arg(autre));
+        }
+        DialoguesScriptes dialogues({reponse});
+        Employeurs employeurs(chemin);
+        QCOMPARE(employeurs.supprimeEmployeurAvecVerification(id, dialogues), employeurSupprime);
+        QCOMPARE(!dialogues.echanges().isEmpty(), questionPosee);
+        if (questionPosee) {
+            const auto& echange = dialogues.echanges().first();
+            QCOMPARE(echange.titre, QStringLiteral("Vérification des données..."));
+            QCOMPARE(echange.message, QStringLiteral("Des contrats sont attribués à cet employeur.\n\nSouhaitez-vous "
+                                                     "tout supprimer, ou ne rien faire ?"));
+            QCOMPARE(echange.boutons, (QStringList{"Tout", "Rien"}));
+        }
+        QCOMPARE(compte(chemin, QStringLiteral("SELECT COUNT(*) FROM employeurs WHERE e_id = %1;").arg(id)),
+                 employeurSupprime ? 0 : 1);
+        QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM contrats;"), contratsRestants);
+        QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM contratsmodeles;"), modelesRestants);
+    }
+
+    void cumulsEtGraphique()
+    {
+        const QString chemin = document();
+        Employeurs employeurs(chemin);
+        const int a = employeurs.enregistreEmployeur(employeur("L'Odéon", "Paris"));
+        const int b = employeurs.enregistreEmployeur(employeur("Bobino", "Paris"));
+        const int vide = employeurs.enregistreEmployeur(employeur("Sans contrat", "Paris"));
+        contrat(chemin, a, 12, 1, 150.5, 120.25, 110);
+        contrat(chemin, a, 24, 2, 300, 240, 220.5);
+        contrat(chemin, b, 8, 1, 90, 70, 70);
+
+        const Ligne cumuls = employeurs.cumulsPourEmployeur(a);
+        QCOMPARE(cumuls.value("Heures").toInt(), 36);
+        QCOMPARE(cumuls.value("Journées").toInt(), 3);
+        QCOMPARE(cumuls.value("Salaires bruts").toDouble(), 450.5);
+        QCOMPARE(cumuls.value("Salaires nets").toDouble(), 360.25);
+        const Ligne zero = employeurs.cumulsPourEmployeur(vide);
+        QCOMPARE(zero.value("Heures").toInt(), 0);
+        QCOMPARE(zero.value("Salaires bruts").toDouble(), 0.0);
+
+        const GraphiqueEmployeurs g = employeurs.graphiqueDesSalaires();
+        QCOMPARE(g.bruts.size(), 2);
+        QCOMPARE(g.bruts[0], (Ligne{{"Label", "Bobino"}, {"Amount", 90.0}}));
+        QCOMPARE(g.bruts[1], (Ligne{{"Label", "L'Odéon"}, {"Amount", 450.5}}));
+        QCOMPARE(g.nets[1].value("Amount").toDouble(), 360.25);
+        QCOMPARE(g.netsAPayer[1].value("Amount").toDouble(), 330.5);
+    }
+
+    void import_data()
+    {
+        QTest::addColumn<bool>("ancienneGeneration");
+        QTest::newRow("current document") << false;
+        QTest::newRow("generation 3, without the later columns") << true;
+    }
+
+    void import()
+    {
+        QFETCH(bool, ancienneGeneration);
+        const QString chemin = document();
+        {
+            Employeurs employeurs(chemin);
+            employeurs.enregistreEmployeur(employeur("Théâtre de l'Odéon", "Paris", "75006"));
+            employeurs.enregistreEmployeur(employeur("Opéra de Lyon", "Villeurbanne", "69100"));
+        }
+        QString source = m_dossier.filePath(QStringLiteral("source%1.cv4").arg(++m_numero));
+        int attendus = 0;
+        if (ancienneGeneration) {
+            // 'Inconnu', the Odéon (same name, postal code and town: skipped) and the Opéra in Lyon (another town).
+            documentDepuisScript("generation3.sql", source);
+            attendus = 1;
+        } else {
+            source = creerDocument(parametresParDefaut(source));
+            ouvrirDocument(source);
+            Employeurs autres(source);
+            Employeur e = employeur("Théâtre de l'Odéon", "Paris", "75006");
+            autres.enregistreEmployeur(e); // skipped
+            e = employeur("Théâtre de l'Odéon", "Marseille", "13001");
+            e.conventionne = 0;
+            e.id = autres.enregistreEmployeur(e);
+            e.siret = "S'1";
+            e.couleur = "1,2,3";
+            e.prospect = 0;
+            autres.enregistreComplements(e);
+            autres.enregistreEmployeur(employeur("Chez \"Lulu\"", "Pau", "64000"));
+            attendus = 2;
+        }
+        const QByteArray avant = empreinte(source);
+        Employeurs employeurs(chemin);
+        QString refus;
+        QCOMPARE(employeurs.importeEmployeursDepuis(source, &refus), attendus);
+        QVERIFY(refus.isEmpty());
+        QCOMPARE(empreinte(source), avant); // the other document is only read
+        QCOMPARE(employeurs.compteLesEmployeurs(), 3 + attendus);
+        QCOMPARE(employeurs.importeEmployeursDepuis(source, &refus), 0); // a second import adds nothing
+
+        if (ancienneGeneration) {
+            QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = 'Opéra de Lyon' AND "
+                                    "e_commune = 'Lyon' AND e_conventionne = 1 AND e_no_siret = '';"),
+                     1);
+        } else {
+            QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM employeurs WHERE e_commune = 'Marseille' AND e_conventionne "
+                                    "= 0 AND e_no_siret = 'S''1' AND e_couleur = '1,2,3' AND e_prospect = 0;"),
+                     1);
+            QCOMPARE(employeurs.retrouveIdEmployeur("Chez \"Lulu\"") > 0, true);
+        }
+    }
+
+    void importRefuse_data()
+    {
+        QTest::addColumn<QString>("cas");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("the open document") << "ouvert" << Employeurs::messageFichierDejaOuvert();
+        QTest::newRow("the open document, another spelling") << "relatif" << Employeurs::messageFichierDejaOuvert();
+        QTest::newRow("not a document") << "texte" << Employeurs::messageFichierIllisible();
+        QTest::newRow("missing") << "absent" << Employeurs::messageFichierIllisible();
+    }
+
+    void importRefuse()
+    {
+        QFETCH(QString, cas);
+        QFETCH(QString, message);
+        const QString chemin = document();
+        QString source = chemin;
+        if (cas == "relatif")
+            source = QFileInfo(chemin).absolutePath() + "/./" + QFileInfo(chemin).fileName();
+        else if (cas == "texte")
+            ecrire(source = m_dossier.filePath("texte.txt"), "pas un document");
+        else if (cas == "absent")
+            source = m_dossier.filePath("absent.cv4");
+        const QString avant = dump(chemin);
+        Employeurs employeurs(chemin);
+        QString refus;
+        QCOMPARE(employeurs.importeEmployeursDepuis(source, &refus), -1);
+        QCOMPARE(refus, message);
+        QCOMPARE(Employeurs::titreImport(), QStringLiteral("Import d'employeurs"));
+        QCOMPARE(dump(chemin), avant);
+        QVERIFY(!QFileInfo::exists(m_dossier.filePath("absent.cv4")));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEmployeurs)
+#include "test_employeurs.moc"

@@ -1,0 +1,292 @@
+// Periods and the new-period assistant: saving and listing, the duplicate rule, the
+// defaults by annex before and after 1 August 2016, the automatic profile update, and
+// the management window's refusals.
+
+#include "commun/OutilsDocument.h"
+#include "records/NouvellePeriode.h"
+#include "records/Periodes.h"
+#include "records/Profil.h"
+#include "store/Horloge.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::test;
+
+class TestPeriodes : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+    int m_numero = 0;
+
+    // The document's first period runs from 2024-03-01.
+    QString document(int emploiId = 1, const QDate& ouverture = QDate(2024, 3, 1))
+    {
+        NouveauDocument p = parametresParDefaut(m_dossier.filePath(QStringLiteral("p%1.cv4").arg(++m_numero)));
+        p.emploiId = emploiId;
+        p.dateOuvertureDesDroits = ouverture;
+        const QString chemin = creerDocument(p);
+        ouvrirDocument(chemin);
+        return chemin;
+    }
+
+    static Periode periode(const QDate& debut, const QDate& fin, const QString& libelle)
+    {
+        Periode p;
+        p.debut = debut;
+        p.fin = fin;
+        p.libelle = libelle;
+        return p;
+    }
+
+private slots:
+    void init() { Horloge::fixer(QDate(2024, 6, 15)); }
+
+    void enregistrementEtListes()
+    {
+        const QString chemin = document();
+        Periodes periodes(chemin);
+        QCOMPARE(periodes.compteLesPeriodes(), 1);
+        Periode p = periode(QDate(2025, 3, 1), QDate(2026, 2, 28), "Période d'après");
+        p.notes = "Notes de l'été";
+        p.conges = 3;
+        p.franchiseSalaires = 5;
+        p.attente = 0;
+        p.id = periodes.enregistrePeriode(p);
+        QCOMPARE(p.id, 2);
+        QCOMPARE(periodes.enregistrePeriode(periode(QDate(2022, 1, 1), QDate(2022, 12, 31), "L'ancienne")), 3);
+        QCOMPARE(periodes.nombreDePeriodes(), 3);
+
+        const Lignes liste = periodes.listeLesPeriodes();
+        QCOMPARE(liste.size(), 3);
+        // Newest first.
+        QCOMPARE(liste[0].value("Id").toInt(), 2);
+        QCOMPARE(liste[2].value("Id").toInt(), 3);
+        QStringList cles = Periodes::clesListe();
+        cles.sort();
+        QCOMPARE(liste[0].keys(), cles);
+        QCOMPARE(liste[0].value("Libelle").toString(), QStringLiteral("Période d'après"));
+        QCOMPARE(liste[0].value("Début").toString(), QStringLiteral("01/03/2025"));
+        QCOMPARE(liste[0].value("Fin").toString(), QStringLiteral("28/02/2026"));
+        QCOMPARE(liste[0].value("Début SQLite").toString(), QStringLiteral("2025-03-01 00:00:00.000"));
+        QCOMPARE(liste[0].value("Notes").toString(), QStringLiteral("Notes de l'été"));
+        QCOMPARE(liste[0].value("Congés").toInt(), 3);
+        QCOMPARE(liste[0].value("Franchise salaires").toInt(), 5);
+        QCOMPARE(liste[0].value("Délai d'attente").toInt(), 0);
+
+        const Lignes toutes = periodes.toutesLesPeriodes();
+        QCOMPARE(toutes.first().value("Libelle").toString(), QStringLiteral("L'ancienne")); // oldest first
+        QCOMPARE(periodes.retrouvePeriodeId("L'ancienne"), 3);
+
+        p.libelle = "Période d'hiver";
+        p.debut = QDate(2025, 3, 2);
+        p.notes = QString();
+        QVERIFY(periodes.modifiePeriode(p));
+        const Periode relue = *periodes.periode(2);
+        QCOMPARE(relue.libelle, QStringLiteral("Période d'hiver"));
+        QCOMPARE(relue.debut, QDate(2025, 3, 2));
+        QCOMPARE(relue.notes, QString());
+        QCOMPARE(relue.conges, 3);
+
+        QVERIFY(periodes.supprimePeriode(3));
+        QCOMPARE(periodes.compteLesPeriodes(), 2);
+        QVERIFY(!periodes.periode(3));
+    }
+
+    void delaiDAttente()
+    {
+        const QString chemin = document();
+        Periodes periodes(chemin);
+        // The new document's period, and one saved with the defaults.
+        QCOMPARE(periodes.periode(1)->attente, 7);
+        const int id = periodes.enregistrePeriode(periode(QDate(2025, 1, 1), QDate(2025, 12, 31), "x"));
+        QCOMPARE(periodes.periode(id)->attente, 7);
+        QCOMPARE(periodes.periode(id)->conges, 0);
+        QCOMPARE(periodes.periode(id)->franchiseSalaires, 0);
+    }
+
+    void periodeEnCours()
+    {
+        const QString chemin = document();
+        Periodes periodes(chemin);
+        QCOMPARE(periodes.idPeriodeEnCours(), 1);
+        QCOMPARE(periodes.periodeEnCours(), QStringLiteral("Période du 01/03/2024 au 01/03/2025"));
+        const int id = periodes.enregistrePeriode(periode(QDate(2025, 3, 2), QDate(2026, 3, 2), "Celle d'après"));
+        QVERIFY(periodes.activePeriodeAvecId(id));
+        QCOMPARE(periodes.idPeriodeEnCours(), id);
+        QCOMPARE(periodes.periodeEnCours(), QStringLiteral("Celle d'après"));
+    }
+
+    void reglesDeGestion_data()
+    {
+        QTest::addColumn<bool>("active");
+        QTest::addColumn<QString>("suppression");
+        QTest::addColumn<QString>("desactivation");
+        QTest::addColumn<QString>("modification");
+        QTest::newRow("the active period")
+            << true << "Cette période est en cours d'utilisation, vous ne pouvez pas la supprimer."
+            << "Au moins une période doit être active."
+            << "Vous allez modifier la période en cours d'utilisation...";
+        QTest::newRow("another period") << false << QString() << QString() << QString();
+    }
+
+    void reglesDeGestion()
+    {
+        QFETCH(bool, active);
+        QFETCH(QString, suppression);
+        QFETCH(QString, desactivation);
+        QFETCH(QString, modification);
+        const QString chemin = document();
+        Periodes periodes(chemin);
+        const int autre = periodes.enregistrePeriode(periode(QDate(2020, 1, 1), QDate(2020, 12, 31), "x"));
+        const int id = active ? periodes.idPeriodeEnCours() : autre;
+        QCOMPARE(periodes.refusSuppression(id), suppression);
+        QCOMPARE(periodes.refusDesactivation(id), desactivation);
+        QCOMPARE(periodes.avertissementModification(id), modification);
+    }
+
+    void defauts_data()
+    {
+        QTest::addColumn<QDate>("aujourdhui");
+        QTest::addColumn<int>("emploiId");
+        QTest::addColumn<QDate>("fin");
+        // Artists: 319 days before 1 August 2016, 366 from then on; the others: 304, then 366.
+        QTest::newRow("artist, 31 July 2016") << QDate(2016, 7, 31) << 1 << QDate(2016, 7, 31).addDays(318);
+        QTest::newRow("artist, 1 August 2016") << QDate(2016, 8, 1) << 1 << QDate(2017, 8, 1);
+        QTest::newRow("technician, 31 July 2016") << QDate(2016, 7, 31) << 3 << QDate(2016, 7, 31).addDays(303);
+        QTest::newRow("technician, 1 August 2016") << QDate(2016, 8, 1) << 3 << QDate(2017, 8, 1);
+        QTest::newRow("worker, 2015") << QDate(2015, 1, 10) << 2 << QDate(2015, 11, 9);
+        QTest::newRow("general regime takes the technicians' annex") << QDate(2015, 1, 10) << 4 << QDate(2015, 11, 9);
+        QTest::newRow("artist, leap year 2024") << QDate(2024, 2, 29) << 1 << QDate(2025, 2, 28);
+    }
+
+    void defauts()
+    {
+        QFETCH(QDate, aujourdhui);
+        QFETCH(int, emploiId);
+        QFETCH(QDate, fin);
+        Horloge::fixer(aujourdhui);
+        const NouvellePeriode assistant(document(emploiId));
+        QCOMPARE(assistant.periode().debut, aujourdhui);
+        QCOMPARE(assistant.periode().fin, fin);
+        QCOMPARE(
+            assistant.periode().libelle,
+            QStringLiteral("Période du %1 au %2").arg(aujourdhui.toString("dd/MM/yyyy"), fin.toString("dd/MM/yyyy")));
+        QCOMPARE(assistant.periode().attente, 7);
+        QCOMPARE(assistant.srj(), 0.0);
+        QCOMPARE(assistant.taux(), 0.0);
+        QVERIFY(!assistant.majAutomatique());
+    }
+
+    void lesDatesEntrainentLeLibelle()
+    {
+        NouvellePeriode assistant(document());
+        assistant.changeDebut(QDate(2024, 9, 1));
+        QCOMPARE(assistant.periode().fin, QDate(2025, 9, 1));
+        QCOMPARE(assistant.periode().libelle, QStringLiteral("Période du 01/09/2024 au 01/09/2025"));
+        assistant.changeFin(QDate(2025, 8, 31));
+        QCOMPARE(assistant.periode().libelle, QStringLiteral("Période du 01/09/2024 au 31/08/2025"));
+        // A label of the user's own stays.
+        assistant.changeLibelle("Ma période d'automne");
+        assistant.changeDebut(QDate(2024, 9, 2));
+        QCOMPARE(assistant.periode().libelle, QStringLiteral("Ma période d'automne"));
+    }
+
+    void doublon_data()
+    {
+        QTest::addColumn<QDate>("debut");
+        QTest::addColumn<QDate>("fin");
+        QTest::addColumn<QString>("libelle");
+        QTest::addColumn<QString>("refus");
+        // The document's period: 2024-03-01 to 2025-03-01.
+        QTest::newRow("same dates, another label") << QDate(2024, 3, 1) << QDate(2025, 3, 1) << "Une autre"
+                                                   << "Cette période existe déjà.";
+        QTest::newRow("same dates, same label")
+            << QDate(2024, 3, 1) << QDate(2025, 3, 1) << "Période du 01/03/2024 au 01/03/2025"
+            << "Cette période existe déjà.";
+        QTest::newRow("start one day later") << QDate(2024, 3, 2) << QDate(2025, 3, 1) << "x" << QString();
+        QTest::newRow("end one day earlier") << QDate(2024, 3, 1) << QDate(2025, 2, 28) << "x" << QString();
+        QTest::newRow("end before start") << QDate(2024, 3, 1) << QDate(2024, 2, 29) << "x"
+                                          << "La fin de la période ne peut pas précéder son début.";
+    }
+
+    void doublon()
+    {
+        QFETCH(QDate, debut);
+        QFETCH(QDate, fin);
+        QFETCH(QString, libelle);
+        QFETCH(QString, refus);
+        const QString chemin = document();
+        NouvellePeriode assistant(chemin);
+        assistant.changeDebut(debut);
+        assistant.changeFin(fin);
+        assistant.changeLibelle(libelle);
+        QCOMPARE(NouvellePeriode::titre(), QStringLiteral("Gestion des périodes"));
+        const QString avant = dump(chemin);
+        QString message;
+        const int id = assistant.enregistre(&message);
+        QCOMPARE(message, refus);
+        if (refus.isEmpty()) {
+            QCOMPARE(id, 2);
+            QCOMPARE(Periodes(chemin).compteLesPeriodes(), 2);
+        } else {
+            QCOMPARE(id, 0);
+            QCOMPARE(dump(chemin), avant); // nothing written
+        }
+    }
+
+    void miseAJourAutomatique_data()
+    {
+        QTest::addColumn<bool>("active");
+        QTest::newRow("switch on") << true;
+        QTest::newRow("switch off") << false;
+    }
+
+    void miseAJourAutomatique()
+    {
+        QFETCH(bool, active);
+        const QString chemin = document();
+        NouvellePeriode assistant(chemin);
+        assistant.changeDebut(QDate(2025, 3, 10));
+        assistant.changeSrj(101.456);
+        assistant.changeTaux(58.444);
+        assistant.changeMajAutomatique(active);
+        assistant.changeNotes("Renouvellement d'été");
+        assistant.changeJours(2, 4, 7);
+        const int id = assistant.enregistre();
+        QVERIFY(id > 0);
+        const Periode p = *Periodes(chemin).periode(id);
+        QCOMPARE(p.notes, QStringLiteral("Renouvellement d'été"));
+        QCOMPARE(p.franchiseSalaires, 4);
+        Profil profil(chemin);
+        QVERIFY(profil.initDepuisLaTableV4());
+        QCOMPARE(profil.donnees().dateDebutDossier, active ? QDate(2025, 3, 10) : QDate(2024, 3, 1));
+        QCOMPARE(profil.donnees().srjValide, active ? 101.46 : 0.0);
+        QCOMPARE(profil.donnees().tauxValide, active ? 58.44 : 57.4);
+        // The active period is left as it was.
+        QCOMPARE(profil.donnees().periodeEnCours, 1);
+    }
+
+    void srjDemande_data()
+    {
+        QTest::addColumn<QDate>("ouverture");
+        QTest::addColumn<bool>("demande");
+        QTest::newRow("rights opened in 2006") << QDate(2006, 5, 1) << true;
+        QTest::newRow("31 March 2007") << QDate(2007, 3, 31) << true;
+        QTest::newRow("1 April 2007") << QDate(2007, 4, 1) << false;
+        QTest::newRow("2024") << QDate(2024, 3, 1) << false;
+    }
+
+    void srjDemande()
+    {
+        QFETCH(QDate, ouverture);
+        QFETCH(bool, demande);
+        QCOMPARE(NouvellePeriode(document(1, ouverture)).srjDemande(), demande);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPeriodes)
+#include "test_periodes.moc"

@@ -1,0 +1,478 @@
+// The contract form's derivations and checks: days and hours per job, the grouped
+// periods before the 2016 switch (an instant at +01:00), the done box, templates, the "AP"
+// box, type changes and abatements, the self-employed computation, the checks in their
+// order, and the save with its sickness-overlap warning.
+
+#include "records/Contrats.h"
+#include "records/OutilsContrats.h"
+#include "store/Horloge.h"
+#include "unemployment/SaisieContrat.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::test;
+
+namespace {
+
+SaisieContrat saisie(int emploiId, const QDate& debut, const QDate& fin)
+{
+    SaisieContrat s;
+    s.emploiId = emploiId;
+    s.choisirDates(SaisieContrat::instantDuSelecteur(debut), SaisieContrat::instantDuSelecteur(fin));
+    return s;
+}
+
+} // namespace
+
+class TestSaisieContrat : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+    int m_numero = 0;
+
+    QString nouveauDocument(int emploiId = 1)
+    {
+        return documentContrats(m_dossier, QStringLiteral("s%1.cv4").arg(++m_numero), emploiId);
+    }
+
+private slots:
+    void init() { Horloge::fixer(QDate(2024, 6, 15)); }
+
+    void heuresParJour_data()
+    {
+        QTest::addColumn<QString>("emploi");
+        QTest::addColumn<int>("heures");
+        QTest::newRow("Artiste") << "Artiste" << 12;
+        QTest::newRow("Ouvrier") << "Ouvrier" << 8;
+        QTest::newRow("Technicien") << "Technicien" << 8;
+        QTest::newRow("Régime Général") << "Régime Général" << 12;
+        QTest::newRow("Auto Entrepreneur") << "Auto Entrepreneur" << 12;
+        QTest::newRow("wrong case") << "technicien" << 12;
+    }
+
+    void heuresParJour()
+    {
+        QFETCH(QString, emploi);
+        QFETCH(int, heures);
+        QCOMPARE(SaisieContrat::heuresParJourPour(emploi), heures);
+    }
+
+    void joursEtHeures_data()
+    {
+        QTest::addColumn<int>("emploi");
+        QTest::addColumn<QDate>("debut");
+        QTest::addColumn<QDate>("fin");
+        QTest::addColumn<int>("jours");
+        QTest::addColumn<int>("heures");
+        QTest::addColumn<bool>("groupee");
+        QTest::addColumn<QString>("unite");
+        const QDate juillet1(2016, 7, 1), juillet25(2016, 7, 25), aout2(2016, 8, 2), mars(2024, 3, 4);
+        QTest::newRow("one day, artist") << 1 << mars << mars << 1 << 12 << false << "jour";
+        QTest::newRow("one day, worker") << 2 << mars << mars << 1 << 8 << false << "jour";
+        QTest::newRow("one day, technician") << 3 << mars << mars << 1 << 8 << false << "jour";
+        QTest::newRow("one day, general scheme") << 4 << mars << mars << 1 << 12 << false << "jour";
+        QTest::newRow("one day, 2015") << 1 << QDate(2015, 5, 5) << QDate(2015, 5, 5) << 1 << 12 << false << "jour";
+        QTest::newRow("four days before the switch, artist")
+            << 1 << juillet1 << juillet1.addDays(3) << 4 << 48 << false << "jours";
+        QTest::newRow("four days before the switch, technician")
+            << 3 << juillet1 << juillet1.addDays(3) << 4 << 32 << false << "jours";
+        QTest::newRow("five days from 25 July 2016, artist")
+            << 1 << juillet25 << juillet25.addDays(4) << 5 << 40 << true << "jours";
+        QTest::newRow("five days from 25 July 2016, worker")
+            << 2 << juillet25 << juillet25.addDays(4) << 5 << 40 << true << "jours";
+        QTest::newRow("ten days in 2010, artist")
+            << 1 << QDate(2010, 2, 1) << QDate(2010, 2, 10) << 10 << 80 << true << "jours";
+        QTest::newRow("five days from 2 August 2016, artist")
+            << 1 << aout2 << aout2.addDays(4) << 5 << 60 << false << "jours";
+        QTest::newRow("five days from 2 August 2016, technician")
+            << 3 << aout2 << aout2.addDays(4) << 5 << 40 << false << "jours";
+        QTest::newRow("four days after the switch, artist")
+            << 1 << aout2 << aout2.addDays(3) << 4 << 48 << false << "jours";
+        QTest::newRow("across the spring clock change")
+            << 1 << QDate(2024, 3, 29) << QDate(2024, 4, 2) << 5 << 60 << false << "jours";
+        QTest::newRow("across the autumn clock change, 2015")
+            << 1 << QDate(2015, 10, 23) << QDate(2015, 10, 27) << 5 << 40 << true << "jours";
+    }
+
+    void joursEtHeures()
+    {
+        QFETCH(int, emploi);
+        QFETCH(QDate, debut);
+        QFETCH(QDate, fin);
+        QFETCH(int, jours);
+        QFETCH(int, heures);
+        QFETCH(bool, groupee);
+        QFETCH(QString, unite);
+        const SaisieContrat s = saisie(emploi, debut, fin);
+        QCOMPARE(s.jours, jours);
+        QCOMPARE(s.heures, heures);
+        QCOMPARE(s.periodeGroupee, groupee);
+        QCOMPARE(s.uniteJours, unite);
+        QCOMPARE(s.debut, debut);
+        QCOMPARE(s.fin, fin);
+        QCOMPARE(s.datesTravaillees.size(), jours);
+        QCOMPARE(s.datesTravaillees.first(), debut.toString("dd/MM/yyyy"));
+        QCOMPARE(s.datesTravaillees.last(), fin.toString("dd/MM/yyyy"));
+    }
+
+    // The switch is midnight at +01:00: local midnight of 1 August in summer time (+02:00)
+    // still falls before it, and a stored date (01:00 local) falls on it.
+    void basculeDu1erAout2016()
+    {
+        const QDate aout1(2016, 8, 1);
+        const QDateTime minuitLocal = SaisieContrat::instantDuSelecteur(aout1);
+        const bool avantLaBascule = minuitLocal.offsetFromUtc() > 3600;
+        const SaisieContrat s = saisie(1, aout1, aout1.addDays(4));
+        QCOMPARE(s.heures, avantLaBascule ? 40 : 60);
+        QCOMPARE(s.periodeGroupee, avantLaBascule);
+        if (qgetenv("TZ") == "Europe/Paris") {
+            QCOMPARE(s.heures, 40);
+            SaisieContrat stocke;
+            stocke.choisirDates(SaisieContrat::instantDuDocument(aout1),
+                                SaisieContrat::instantDuDocument(aout1.addDays(4)));
+            QCOMPARE(stocke.heures, 60);
+        }
+        if (qgetenv("TZ") == "America/New_York")
+            QCOMPARE(s.heures, 60);
+        if (qgetenv("TZ") == "Pacific/Kiritimati")
+            QCOMPARE(s.heures, 40);
+        QCOMPARE(SaisieContrat::dateDeBascule2016().toUTC(), QDateTime(QDate(2016, 7, 31), QTime(23, 0), Qt::UTC));
+    }
+
+    void finAvantDebut()
+    {
+        SaisieContrat s = saisie(1, QDate(2024, 3, 4), QDate(2024, 3, 6));
+        s.choisirDates(SaisieContrat::instantDuSelecteur(QDate(2024, 3, 10)),
+                       SaisieContrat::instantDuSelecteur(QDate(2024, 3, 8)));
+        // Days and hours are left as they were.
+        QCOMPARE(s.jours, 3);
+        QCOMPARE(s.heures, 36);
+    }
+
+    void effectue_data()
+    {
+        QTest::addColumn<QDate>("debut");
+        QTest::addColumn<bool>("effectue");
+        QTest::newRow("past") << QDate(2024, 6, 1) << true;
+        QTest::newRow("today") << QDate(2024, 6, 15) << true;
+        QTest::newRow("tomorrow") << QDate(2024, 6, 16) << false;
+    }
+
+    void effectue()
+    {
+        QFETCH(QDate, debut);
+        QFETCH(bool, effectue);
+        QCOMPARE(saisie(1, debut, debut).effectue, effectue);
+        SaisieContrat stocke;
+        stocke.choisirDates(SaisieContrat::instantDuDocument(debut), SaisieContrat::instantDuDocument(debut));
+        QCOMPARE(stocke.effectue, effectue);
+    }
+
+    void anneesEncaissement()
+    {
+        const SaisieContrat s = saisie(1, QDate(2024, 12, 30), QDate(2025, 1, 2));
+        QCOMPARE(s.anneesEncaissement, (QList<int>{2024, 2025, 2026}));
+        QCOMPARE(s.anneeEncaissement, 2025);
+    }
+
+    void modele()
+    {
+        ContratModele m;
+        m.emploiId = 2;
+        m.typeId = 3;
+        m.jours = 3;
+        m.heures = 30;
+        m.salaireBrut = 450;
+        m.salaireNet = 350;
+        SaisieContrat s = saisie(1, QDate(2024, 3, 4), QDate(2024, 3, 4));
+        s.abattementUtilisateur = 2;
+        s.appliquerModele(m);
+        QCOMPARE(s.emploiId, 2);
+        QCOMPARE(s.type, 3);
+        QCOMPARE(s.abattementId, 1);
+        QCOMPARE(s.brut, 450.0);
+        QCOMPARE(s.net, 350.0);
+        QCOMPARE(s.fin, QDate(2024, 3, 6));
+        QCOMPARE(s.jours, 3);
+        QCOMPARE(s.heures, 30);
+
+        // The template's length drives the end of the dates picked next.
+        s.choisirDates(SaisieContrat::instantDuSelecteur(QDate(2024, 5, 30)),
+                       SaisieContrat::instantDuSelecteur(QDate(2024, 5, 30)));
+        QCOMPARE(s.fin, QDate(2024, 6, 1));
+        QCOMPARE(s.jours, 3);
+        QCOMPARE(s.heures, 30);
+        QCOMPARE(s.datesTravaillees, (QStringList{"30/05/2024", "31/05/2024", "01/06/2024"}));
+        QCOMPARE(s.anneeEncaissement, 2024);
+
+        s.retirerModele();
+        s.choisirDates(SaisieContrat::instantDuSelecteur(QDate(2024, 5, 30)),
+                       SaisieContrat::instantDuSelecteur(QDate(2024, 5, 30)));
+        QCOMPARE(s.fin, QDate(2024, 5, 30));
+        QCOMPARE(s.heures, 8);
+    }
+
+    void ap_data()
+    {
+        QTest::addColumn<bool>("coche");
+        QTest::addColumn<int>("heures");
+        QTest::newRow("checked: 7 hours a day") << true << 21;
+        QTest::newRow("cleared: 12 hours a day") << false << 36;
+    }
+
+    void ap()
+    {
+        QFETCH(bool, coche);
+        QFETCH(int, heures);
+        SaisieContrat s = saisie(3, QDate(2024, 3, 4), QDate(2024, 3, 6));
+        QCOMPARE(s.heures, 24);
+        s.cocherAP(coche);
+        QCOMPARE(s.heures, heures);
+        QCOMPARE(s.ap, coche);
+    }
+
+    void type_data()
+    {
+        QTest::addColumn<int>("emploi");
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("abattement");
+        QTest::addColumn<int>("emploiAttendu");
+        QTest::newRow("Prestations: the user's own") << 1 << 1 << 3 << 1;
+        QTest::newRow("Enseignements: 0 %") << 1 << 2 << 1 << 1;
+        QTest::newRow("Formations: 0 %") << 2 << 3 << 1 << 2;
+        QTest::newRow("Régime Général: 0 % and its job") << 3 << 4 << 1 << 4;
+    }
+
+    void type()
+    {
+        QFETCH(int, emploi);
+        QFETCH(int, type);
+        QFETCH(int, abattement);
+        QFETCH(int, emploiAttendu);
+        SaisieContrat s = saisie(emploi, QDate(2024, 3, 4), QDate(2024, 3, 4));
+        s.abattementUtilisateur = 3;
+        s.abattementId = 2;
+        s.choisirType(type);
+        QCOMPARE(s.abattementId, abattement);
+        QCOMPARE(s.emploiId, emploiAttendu);
+    }
+
+    void brutApresAbattement_data()
+    {
+        QTest::addColumn<double>("brut");
+        QTest::addColumn<int>("abattement");
+        QTest::addColumn<double>("attendu");
+        QTest::newRow("20 %") << 1000.0 << 2 << 800.0;
+        QTest::newRow("25 %, to the cent") << 1234.56 << 3 << 925.92;
+        QTest::newRow("20 %, half a cent up") << 1.40625 << 2 << 1.13;
+        QTest::newRow("0 %") << 99.99 << 1 << 99.99;
+    }
+
+    void brutApresAbattement()
+    {
+        QFETCH(double, brut);
+        QFETCH(int, abattement);
+        QFETCH(double, attendu);
+        SaisieContrat s;
+        s.brut = brut;
+        s.abattementId = abattement;
+        QCOMPARE(s.brutApresAbattement(), attendu);
+    }
+
+    void autoEntrepreneur_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<double>("brut");
+        QTest::addColumn<double>("abattu");
+        QTest::addColumn<int>("heures");
+        // The shared function layer's minimum wage in 2024 is 9.76.
+        QTest::newRow("sales: 71 %") << 100 << 1000.0 << 290.0 << 30;
+        QTest::newRow("BIC services: 50 %") << 101 << 500.0 << 250.0 << 26;
+        QTest::newRow("BNC services: 34 %") << 102 << 660.0 << 435.6 << 45;
+        QTest::newRow("liberal: 34 %") << 103 << 100.0 << 66.0 << 7;
+    }
+
+    void autoEntrepreneur()
+    {
+        QFETCH(int, type);
+        QFETCH(double, brut);
+        QFETCH(double, abattu);
+        QFETCH(int, heures);
+        SaisieContrat s = saisie(5, QDate(2024, 3, 4), QDate(2024, 3, 4));
+        s.choisirBrut(brut);
+        s.choisirType(type);
+        QCOMPARE(s.type, type);
+        QCOMPARE(s.brutAbattuAE, abattu);
+        QCOMPARE(s.heures, heures);
+        // The type keeps the abatement of the form out of it.
+        QCOMPARE(s.emploiId, 5);
+    }
+
+    void emploiAutoEntrepreneur()
+    {
+        SaisieContrat s = saisie(1, QDate(2024, 3, 4), QDate(2024, 3, 5));
+        s.brut = 976.0;
+        s.choisirEmploi(5);
+        QCOMPARE(s.type, 103);
+        QCOMPARE(s.heures, 66); // 976 × 0.66 / 9.76
+        s.abattementUtilisateur = 2;
+        s.choisirEmploi(2);
+        QCOMPARE(s.type, 1);
+        QCOMPARE(s.abattementId, 2);
+        QCOMPARE(s.heures, 16);
+    }
+
+    void verifications_data()
+    {
+        QTest::addColumn<bool>("document");
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QDate>("debut");
+        QTest::addColumn<QDate>("fin");
+        QTest::addColumn<int>("jours");
+        QTest::addColumn<int>("employeur");
+        QTest::addColumn<QString>("titre");
+        QTest::addColumn<QString>("message");
+        const QString sansDocument = QStringLiteral("Avant toute nouvelle opération, il est nécessaire de créer un "
+                                                    "nouveau fichier, ou d'en ouvrir un.");
+        const QString vingtHuit =
+            QStringLiteral("Vous ne pouvez pas déclarer plus de 28 jours de prestations dans le même mois.");
+        const QString enseignement =
+            QStringLiteral("Vous ne pouvez déclarer des heures d'enseignement que sur un même mois.");
+        const QString employeur = QStringLiteral("Veuillez choisir un employeur avant d'enregistrer votre contrat.");
+        const QString gestion = QStringLiteral("Gestion des contrats");
+        const QString nouveau = QStringLiteral("Nouveau contrat");
+        const QDate m1(2024, 3, 1), m28(2024, 3, 28), m29(2024, 3, 29), a2(2024, 4, 2);
+        QTest::newRow("accepted") << true << 1 << m1 << m1 << 1 << 2 << QString() << QString();
+        QTest::newRow("28 days accepted") << true << 1 << m1 << m28 << 28 << 2 << QString() << QString();
+        QTest::newRow("28 days over two months accepted")
+            << true << 1 << QDate(2024, 3, 20) << QDate(2024, 4, 16) << 28 << 2 << QString() << QString();
+        QTest::newRow("29 days refused") << true << 1 << m1 << m29 << 29 << 2 << nouveau << vingtHuit;
+        QTest::newRow("29 days over two months refused")
+            << true << 1 << QDate(2024, 3, 20) << QDate(2024, 4, 17) << 29 << 2 << nouveau << vingtHuit;
+        QTest::newRow("29 days of teaching in one month")
+            << true << 2 << m1 << m29 << 29 << 2 << QString() << QString();
+        QTest::newRow("teaching across months") << true << 2 << m28 << a2 << 6 << 2 << nouveau << enseignement;
+        QTest::newRow("teaching, same month of another year")
+            << true << 2 << QDate(2023, 3, 28) << QDate(2024, 3, 2) << 2 << 2 << nouveau << enseignement;
+        QTest::newRow("training across months") << true << 3 << m28 << a2 << 6 << 2 << QString() << QString();
+        QTest::newRow("no employer") << true << 1 << m1 << m1 << 1 << 0 << gestion << employeur;
+        QTest::newRow("29 days before no employer") << true << 1 << m1 << m29 << 29 << 0 << nouveau << vingtHuit;
+        QTest::newRow("teaching before no employer") << true << 2 << m28 << a2 << 6 << 0 << nouveau << enseignement;
+        QTest::newRow("no document first") << false << 1 << m1 << m29 << 29 << 0 << gestion << sansDocument;
+    }
+
+    void verifications()
+    {
+        QFETCH(bool, document);
+        QFETCH(int, type);
+        QFETCH(QDate, debut);
+        QFETCH(QDate, fin);
+        QFETCH(int, jours);
+        QFETCH(int, employeur);
+        QFETCH(QString, titre);
+        QFETCH(QString, message);
+        SaisieContrat s = saisie(1, debut, fin);
+        s.type = type;
+        s.jours = jours;
+        s.employeurId = employeur;
+        const RefusContrat refus = s.verifier(document);
+        QCOMPARE(refus.titre, titre);
+        QCOMPARE(refus.message, message);
+        QCOMPARE(refus.estRefuse(), !message.isEmpty());
+    }
+
+    void nouveauDepuisLeProfil()
+    {
+        const QString chemin = nouveauDocument(3);
+        Contrats contrats(chemin);
+        SaisieContrat s;
+        s.nouveau(contrats);
+        QCOMPARE(s.emploiId, 3);
+        QCOMPARE(s.type, 1);
+        QCOMPARE(s.abattementUtilisateur, 2);
+        QCOMPARE(s.abattementId, 2);
+        QCOMPARE(s.debut, QDate(2024, 6, 15));
+        QCOMPARE(s.jours, 1);
+        QCOMPARE(s.heures, 8);
+    }
+
+    void enregistrement()
+    {
+        const QString chemin = nouveauDocument();
+        const int employeur = ajouterEmployeur(chemin, QStringLiteral("Théâtre d'Orly"));
+        const int frais = ajouterFrais(chemin, QStringLiteral("Train"), 40);
+        ajouterArretMaladie(chemin, QDate(2024, 3, 11), QDate(2024, 3, 12));
+        Contrats contrats(chemin);
+        SaisieContrat s;
+        s.nouveau(contrats);
+        s.choisirDates(SaisieContrat::instantDuSelecteur(QDate(2024, 3, 10)),
+                       SaisieContrat::instantDuSelecteur(QDate(2024, 3, 14)));
+        s.choisirBrut(1000);
+        s.net = 780.5;
+        s.lieu = QStringLiteral("Salle l'Européen");
+        s.note = QStringLiteral("C'est \"noté\"");
+        s.fraisLies = {frais};
+
+        // Refused: nothing is written.
+        const EnregistrementContrat refuse = s.enregistrer(contrats);
+        QVERIFY(refuse.refus.estRefuse());
+        QCOMPARE(refuse.id, 0);
+        QCOMPARE(contrats.compteLesContrats(), 0);
+
+        s.employeurId = employeur;
+        const EnregistrementContrat fait = s.enregistrer(contrats);
+        QVERIFY(!fait.refus.estRefuse());
+        QVERIFY(fait.id > 0);
+        QCOMPARE(fait.avertissement,
+                 QStringLiteral("Ce contrat chevauche plusieurs périodes de Sécurité Sociale existantes."));
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_employeur_id || '|' || c_emploi_id || '|' || c_debut_contrat "
+                                               "|| '|' || c_fin_contrat || '|' || c_nbre_heures || '|' || "
+                                               "c_nbre_jours || '|' || c_abattement || '|' || c_effectue || '|' || "
+                                               "c_dates_travaillees || '|' || c_frais_lies || '|' || "
+                                               "c_annee_encaissement || '|' || c_lieu || '|' || c_note || '|' || "
+                                               "c_liste_dates || '|' || c_aem_fp FROM contrats WHERE c_id = %1;")
+                                    .arg(fait.id)),
+                 QStringLiteral("%1|1|2024-03-10 00:00:00.000|2024-03-14 00:00:00.000|60|5|2|1|10/03/2024,11/03/"
+                                "2024,12/03/2024,13/03/2024,14/03/2024|%2|2024|Salle l'Européen|C'est \"noté\"||1")
+                     .arg(employeur)
+                     .arg(frais));
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT f_contrat_lie FROM frais WHERE f_id = %1;").arg(frais)),
+                 QString::number(fait.id));
+
+        // Edited: the same row changes, and the links follow.
+        SaisieContrat modif;
+        QVERIFY(modif.charger(contrats, fait.id));
+        QCOMPARE(modif.fraisLies, QList<int>{frais});
+        QCOMPARE(modif.heures, 60);
+        QCOMPARE(modif.lieu, QStringLiteral("Salle l'Européen"));
+        modif.choisirDates(SaisieContrat::instantDuSelecteur(QDate(2024, 4, 1)),
+                           SaisieContrat::instantDuSelecteur(QDate(2024, 4, 1)));
+        modif.fraisLies.clear();
+        const EnregistrementContrat modifie = modif.enregistrer(contrats, fait.id);
+        QCOMPARE(modifie.id, fait.id);
+        QCOMPARE(modifie.avertissement, QString());
+        QCOMPARE(contrats.compteLesContrats(), 1);
+        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_nbre_heures || '|' || c_frais_lies FROM contrats WHERE c_id "
+                                               "= %1;")
+                                    .arg(fait.id)),
+                 QStringLiteral("12|"));
+        QCOMPARE(valeur(chemin, "SELECT COUNT(*) FROM contrats_frais;"), QStringLiteral("0"));
+    }
+
+    void sansDocument()
+    {
+        Contrats contrats;
+        SaisieContrat s = saisie(1, QDate(2024, 3, 4), QDate(2024, 3, 4));
+        s.employeurId = 1;
+        const EnregistrementContrat r = s.enregistrer(contrats);
+        QCOMPARE(r.refus.titre, QStringLiteral("Gestion des contrats"));
+        QVERIFY(r.refus.message.startsWith(QStringLiteral("Avant toute nouvelle opération")));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSaisieContrat)
+#include "test_saisie_contrat.moc"
