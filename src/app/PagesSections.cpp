@@ -3,6 +3,8 @@
 #include "app/Environnement.h"
 #include "app/PageSection.h"
 #include "app/SectionFichiers.h"
+#include "app/contrats/SectionContrats.h"
+#include "app/employeurs/SectionEmployeurs.h"
 
 namespace corvane::app {
 
@@ -12,6 +14,10 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
     switch (section) {
     case Section::Fichiers:
         return new SectionFichiers(parent);
+    case Section::Contrats:
+        return new SectionContrats(environnement, parent);
+    case Section::Employeurs:
+        return new SectionEmployeurs(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

@@ -58,11 +58,11 @@ bool Profil::initDepuisLaTableV4()
         Requete r(m_db, QStringLiteral("SELECT * FROM utilisateur WHERE u_id = 1;"));
         if (!r.suivante())
             return false;
+        // The columns the upgrade pass adds read as the defaults it gives them.
+        static const Ligne ajouteesParLaMiseAJour{{"u_rib_iban", QStringLiteral("")}, {"u_pas", 0.0}};
         const Ligne tout = r.ligne();
-        for (const QString& nom : nomsDesColonnes()) {
-            if (tout.contains(nom))
-                m_colonnes.insert(nom, tout.value(nom));
-        }
+        for (const QString& nom : nomsDesColonnes())
+            m_colonnes.insert(nom, tout.contains(nom) ? tout.value(nom) : ajouteesParLaMiseAJour.value(nom));
     }
 
     const Ligne& c = m_colonnes;

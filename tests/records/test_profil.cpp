@@ -146,7 +146,8 @@ private slots:
         Profil profil(document(false));
         QVERIFY(profil.initDepuisLaTableV4());
         QCOMPARE(profil.donnees().nom, QStringLiteral("Dupont"));
-        QVERIFY(!profil.colonnes().contains("u_rib_iban"));
+        QCOMPARE(profil.colonnes().value("u_rib_iban"), QVariant(QStringLiteral("")));
+        QCOMPARE(profil.colonnes().size(), Profil::nomsDesColonnes().size());
         QCOMPARE(profil.donnees().pas, 0.0);
     }
 

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "unemployment/SaisieContrat.h"
+
+#include <QWidget>
+#include <memory>
+
+class QCheckBox;
+class QComboBox;
+class QDateEdit;
+class QKeyEvent;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QSpinBox;
+
+namespace corvane {
+class Contrats;
+}
+
+namespace corvane::app {
+
+struct Environnement;
+
+// The contract form, in mode "ajout" (a new contract) or "modif" (an existing one). It
+// drives a SaisieContrat as the user edits, so that the days, hours, abatement and the
+// checks are those of `contrat ajouter`.
+class FormulaireContrat : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FormulaireContrat(Environnement& environnement, QWidget* parent = nullptr);
+    ~FormulaireContrat() override;
+
+    void setFile(const QString& chemin);
+    void nouveau();
+    bool modifier(int id);
+    // Checks, saves and warns about sickness overlaps; true when the contract was written.
+    bool enregistrer();
+    void annuler();
+
+    const QString& mode() const { return m_mode; }
+    const SaisieContrat& saisie() const { return m_saisie; }
+
+signals:
+    // Saved or cancelled: the list takes over again.
+    void termine();
+
+protected:
+    void keyPressEvent(QKeyEvent* evenement) override;
+
+private:
+    void construire();
+    QWidget* construireColonneGauche();
+    QWidget* construireColonneDroite();
+    void connecter();
+    void remplirListes();
+    void remplirTypes();
+    void afficher();
+    void lireChamps();
+    void datesChoisies(bool depuisDebut);
+    void employeurChoisi();
+    void majBrutAbattu();
+
+    Environnement& m_environnement;
+    QString m_chemin;
+    std::unique_ptr<Contrats> m_contrats;
+    SaisieContrat m_saisie;
+    QString m_mode = QStringLiteral("ajout");
+    int m_id = 0;
+
+    QLabel* m_titre = nullptr;
+    QComboBox* m_employeur = nullptr;
+    QComboBox* m_emploi = nullptr;
+    QComboBox* m_type = nullptr;
+    QDateEdit* m_debut = nullptr;
+    QDateEdit* m_fin = nullptr;
+    QSpinBox* m_jours = nullptr;
+    QLabel* m_uniteJours = nullptr;
+    QSpinBox* m_heures = nullptr;
+    QCheckBox* m_ap = nullptr;
+    QLineEdit* m_brut = nullptr;
+    QComboBox* m_abattement = nullptr;
+    QLabel* m_brutAbattu = nullptr;
+    QLineEdit* m_net = nullptr;
+    QLineEdit* m_netAPayer = nullptr;
+    QLineEdit* m_pas = nullptr;
+    QComboBox* m_annee = nullptr;
+    QCheckBox* m_effectue = nullptr;
+    QCheckBox* m_paye = nullptr;
+    QCheckBox* m_conges = nullptr;
+    QCheckBox* m_aemFp = nullptr;
+    QLineEdit* m_lieu = nullptr;
+    QLineEdit* m_fonction = nullptr;
+    QPlainTextEdit* m_note = nullptr;
+    QListWidget* m_frais = nullptr;
+    QPushButton* m_enregistrer = nullptr;
+    QPushButton* m_annuler = nullptr;
+};
+
+} // namespace corvane::app

@@ -1,0 +1,274 @@
+// The contract form's behaviour: what each edit does to the contract being edited, how
+// the widgets show it, and the save with its alerts.
+
+#include "app/contrats/FormulaireContrat.h"
+
+#include "app/Environnement.h"
+#include "records/Contrats.h"
+#include "records/ContratsModeles.h"
+#include "store/Dates.h"
+#include "store/Dialogues.h"
+#include "store/Functions.h"
+#include "store/Reglages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QLocale>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+namespace corvane::app {
+
+namespace {
+
+const QLocale& francais()
+{
+    static const QLocale locale = [] {
+        QLocale l(QLocale::French, QLocale::France);
+        l.setNumberOptions(QLocale::OmitGroupSeparator);
+        return l;
+    }();
+    return locale;
+}
+
+QString texteMontant(double montant)
+{
+    return francais().toString(montant, 'f', 2);
+}
+
+// Typed with a decimal comma or point, blanks as thousands separators; anything else is 0.
+double montantSaisi(const QLineEdit* champ)
+{
+    QString texte;
+    for (const QChar c : champ->text())
+        if (!c.isSpace() && c != QChar(0x202F) && c != QChar(0x00A0) && c != QChar(0x20AC))
+            texte += c;
+    return Functions::virguleEnPoint(texte).toDouble();
+}
+
+void choisirDonnee(QComboBox* combo, const QVariant& donnee)
+{
+    const int index = combo->findData(donnee);
+    combo->setCurrentIndex(index < 0 ? 0 : index);
+}
+
+} // namespace
+
+void FormulaireContrat::setFile(const QString& chemin)
+{
+    m_chemin = chemin;
+    m_contrats = chemin.isEmpty() ? nullptr : std::make_unique<Contrats>(chemin);
+    if (m_contrats && !m_contrats->estOuvert())
+        m_contrats.reset();
+}
+
+void FormulaireContrat::remplirListes()
+{
+    const QSignalBlocker b1(m_employeur), b2(m_emploi), b3(m_abattement);
+    m_employeur->clear();
+    m_emploi->clear();
+    m_abattement->clear();
+    m_employeur->addItem(QStringLiteral("Choisir un employeur…"), 0);
+    if (!m_contrats)
+        return;
+    BaseDeDonnees& db = m_contrats->db();
+    for (const Ligne& l : db.lignes("SELECT e_id, e_raison_sociale FROM employeurs ORDER BY e_raison_sociale ASC;"))
+        m_employeur->addItem(l.value("e_raison_sociale").toString(), l.value("e_id").toInt());
+    for (const Ligne& l : db.lignes("SELECT e_id, e_emploi FROM emplois ORDER BY e_id ASC;"))
+        m_emploi->addItem(l.value("e_emploi").toString(), l.value("e_id").toInt());
+    for (const Ligne& l : db.lignes("SELECT a_id, a_pourcentage FROM abattements ORDER BY a_pourcentage ASC;"))
+        m_abattement->addItem(QStringLiteral("%1 %").arg(l.value("a_pourcentage").toInt()), l.value("a_id").toInt());
+
+    m_frais->clear();
+    for (const Ligne& l : m_contrats->tousLesFrais()) {
+        const QString lie = l.value("f_contrat_lie").toString();
+        QString texte = QStringLiteral("%1 — %2 — %3")
+                            .arg(Dates::versAffichage(Dates::depuisSQLite(l.value("f_date").toString())),
+                                 l.value("f_details").toString().simplified(),
+                                 QLocale(QLocale::French, QLocale::France)
+                                     .toCurrencyString(l.value("f_montant").toDouble(), QStringLiteral("€"), 2));
+        if (!lie.isEmpty() && lie.toInt() != m_id)
+            texte += QStringLiteral(" (lié au contrat n° %1)").arg(lie);
+        auto* element = new QListWidgetItem(texte, m_frais);
+        element->setData(Qt::UserRole, l.value("f_id").toInt());
+        element->setFlags(element->flags() | Qt::ItemIsUserCheckable);
+        element->setCheckState(Qt::Unchecked);
+    }
+}
+
+void FormulaireContrat::remplirTypes()
+{
+    const QSignalBlocker bloque(m_type);
+    m_type->clear();
+    if (!m_contrats)
+        return;
+    ContratsModeles modeles(m_chemin);
+    for (const QString& libelle : modeles.typesPourEmploi(m_saisie.emploiId))
+        m_type->addItem(libelle, modeles.typeIdPourEmploi(m_saisie.emploiId, libelle));
+}
+
+void FormulaireContrat::nouveau()
+{
+    m_mode = QStringLiteral("ajout");
+    m_id = 0;
+    m_saisie = SaisieContrat();
+    if (m_contrats)
+        m_saisie.nouveau(*m_contrats);
+    m_titre->setText(QStringLiteral("Nouveau contrat"));
+    remplirListes();
+    afficher();
+    m_employeur->setFocus();
+}
+
+bool FormulaireContrat::modifier(int id)
+{
+    if (!m_contrats)
+        return false;
+    SaisieContrat saisie;
+    if (!saisie.charger(*m_contrats, id))
+        return false;
+    m_mode = QStringLiteral("modif");
+    m_id = id;
+    m_saisie = saisie;
+    m_titre->setText(QStringLiteral("Modification du contrat n° %1").arg(id));
+    remplirListes();
+    afficher();
+    m_employeur->setFocus();
+    return true;
+}
+
+void FormulaireContrat::afficher()
+{
+    const SaisieContrat& s = m_saisie;
+    const QList<QObject*> champs{m_employeur, m_emploi,     m_type, m_debut,     m_fin,  m_jours, m_heures,   m_ap,
+                                 m_brut,      m_abattement, m_net,  m_netAPayer, m_pas,  m_annee, m_effectue, m_paye,
+                                 m_conges,    m_aemFp,      m_lieu, m_fonction,  m_note, m_frais};
+    QList<std::shared_ptr<QSignalBlocker>> bloques;
+    for (QObject* champ : champs)
+        bloques << std::make_shared<QSignalBlocker>(champ);
+
+    choisirDonnee(m_employeur, s.employeurId);
+    choisirDonnee(m_emploi, s.emploiId);
+    remplirTypes();
+    choisirDonnee(m_type, s.type);
+    m_debut->setDate(s.debut);
+    m_fin->setDate(s.fin);
+    m_jours->setValue(s.jours);
+    m_uniteJours->setText(s.jours > 1 ? QStringLiteral("jours") : QStringLiteral("jour"));
+    m_heures->setValue(s.heures);
+    // Before 2016, five days or more were a grouped period: its hours are shown in their colour.
+    m_heures->setStyleSheet(
+        s.periodeGroupee
+            ? QStringLiteral("color: %1;").arg(m_environnement.reglages.texte(Reglages::Cle::CouleursContratsGroupes))
+            : QString());
+    m_heures->setToolTip(s.periodeGroupee ? QStringLiteral("Période groupée : 8 heures par jour") : QString());
+    m_ap->setChecked(s.ap);
+    m_brut->setText(s.brut == 0.0 ? QString() : texteMontant(s.brut));
+    choisirDonnee(m_abattement, s.abattementId);
+    m_net->setText(s.net == 0.0 ? QString() : texteMontant(s.net));
+    m_netAPayer->setText(s.netAPayer == 0.0 ? QString() : texteMontant(s.netAPayer));
+    m_pas->setText(s.pas == 0.0 ? QString() : texteMontant(s.pas));
+    m_annee->clear();
+    for (const int annee : s.anneesEncaissement)
+        m_annee->addItem(QString::number(annee), annee);
+    choisirDonnee(m_annee, s.anneeEncaissement);
+    m_effectue->setChecked(s.effectue);
+    m_paye->setChecked(s.paye);
+    m_conges->setChecked(s.conges);
+    m_aemFp->setChecked(s.aemFp);
+    m_lieu->setText(s.lieu);
+    m_fonction->setText(s.fonction);
+    if (m_note->toPlainText() != s.note)
+        m_note->setPlainText(s.note);
+    for (int i = 0; i < m_frais->count(); ++i) {
+        QListWidgetItem* element = m_frais->item(i);
+        element->setCheckState(s.fraisLies.contains(element->data(Qt::UserRole).toInt()) ? Qt::Checked : Qt::Unchecked);
+    }
+    majBrutAbattu();
+}
+
+void FormulaireContrat::majBrutAbattu()
+{
+    const bool autoEntrepreneur = m_saisie.emploiId == SaisieContrat::kEmploiAutoEntrepreneur;
+    m_abattement->setEnabled(!autoEntrepreneur);
+    const double montant = autoEntrepreneur ? m_saisie.brutAbattuAE : m_saisie.brutApresAbattement();
+    m_brutAbattu->setText(QLocale(QLocale::French, QLocale::France).toCurrencyString(montant, QStringLiteral("€"), 2));
+}
+
+void FormulaireContrat::lireChamps()
+{
+    SaisieContrat& s = m_saisie;
+    s.employeurId = m_employeur->currentData().toInt();
+    s.jours = m_jours->value();
+    s.heures = m_heures->value();
+    s.brut = montantSaisi(m_brut);
+    s.abattementId = m_abattement->currentData().toInt();
+    s.net = montantSaisi(m_net);
+    s.netAPayer = montantSaisi(m_netAPayer);
+    s.pas = montantSaisi(m_pas);
+    if (m_annee->currentIndex() >= 0)
+        s.anneeEncaissement = m_annee->currentData().toInt();
+    s.effectue = m_effectue->isChecked();
+    s.paye = m_paye->isChecked();
+    s.conges = m_conges->isChecked();
+    s.aemFp = m_aemFp->isChecked();
+    s.lieu = m_lieu->text();
+    s.fonction = m_fonction->text();
+    s.note = m_note->toPlainText();
+    s.fraisLies.clear();
+    for (int i = 0; i < m_frais->count(); ++i)
+        if (m_frais->item(i)->checkState() == Qt::Checked)
+            s.fraisLies << m_frais->item(i)->data(Qt::UserRole).toInt();
+}
+
+void FormulaireContrat::datesChoisies(bool depuisDebut)
+{
+    lireChamps();
+    const QDate debut = m_debut->date();
+    // Picking a start alone makes a one-day contract; the end then widens it.
+    const QDate fin = depuisDebut ? debut : m_fin->date();
+    m_saisie.choisirDates(SaisieContrat::instantDuSelecteur(debut), SaisieContrat::instantDuSelecteur(fin));
+    afficher();
+}
+
+void FormulaireContrat::employeurChoisi()
+{
+    if (!m_contrats || m_saisie.employeurId == 0) {
+        m_saisie.retirerModele();
+        return;
+    }
+    ContratsModeles modeles(m_chemin);
+    if (const auto modele = modeles.contenuDuModeleDepuisEmployeurId(m_saisie.employeurId))
+        m_saisie.appliquerModele(*modele);
+    else
+        m_saisie.retirerModele();
+}
+
+bool FormulaireContrat::enregistrer()
+{
+    lireChamps();
+    Contrats sansDocument;
+    const EnregistrementContrat resultat = m_saisie.enregistrer(m_contrats ? *m_contrats : sansDocument, m_id);
+    if (resultat.refus.estRefuse()) {
+        m_environnement.dialogues.information(resultat.refus.titre, resultat.refus.message, QStringLiteral("Fermer"));
+        return false;
+    }
+    if (!resultat.avertissement.isEmpty())
+        m_environnement.dialogues.information(QStringLiteral("Gestion des contrats"), resultat.avertissement,
+                                              QStringLiteral("Fermer"));
+    emit termine();
+    return true;
+}
+
+void FormulaireContrat::annuler()
+{
+    emit termine();
+}
+
+} // namespace corvane::app

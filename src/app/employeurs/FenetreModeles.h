@@ -1,0 +1,64 @@
+#pragma once
+
+#include "records/ContratsModeles.h"
+
+#include <QDialog>
+#include <memory>
+
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QLineEdit;
+class QPushButton;
+class QSpinBox;
+class QTableWidget;
+
+namespace corvane::app {
+
+struct Environnement;
+
+// The contract templates: the list by name, the form of the selected one (or of a new
+// one), saving and deleting (with the question when employers carry the template).
+class FenetreModeles : public QDialog
+{
+    Q_OBJECT
+
+public:
+    FenetreModeles(Environnement& environnement, const QString& chemin, QWidget* parent = nullptr);
+    ~FenetreModeles() override;
+
+    void recharger(int idASelectionner = 0);
+    void nouveauModele();
+    void enregistrer();
+    void supprimer();
+    int idAffiche() const { return m_modele.id; }
+
+private:
+    void afficher(const ContratModele& modele);
+    ContratModele saisie() const;
+    void remplirTypes(int emploiId, int typeId);
+    void selectionChangee();
+
+    Environnement& m_environnement;
+    QString m_chemin;
+    std::unique_ptr<ContratsModeles> m_modeles;
+    ContratModele m_modele;
+
+    QTableWidget* m_liste = nullptr;
+    QLineEdit* m_libelle = nullptr;
+    QComboBox* m_emploi = nullptr;
+    QComboBox* m_type = nullptr;
+    QSpinBox* m_jours = nullptr;
+    QSpinBox* m_heures = nullptr;
+    QDoubleSpinBox* m_brut = nullptr;
+    QDoubleSpinBox* m_net = nullptr;
+    QDoubleSpinBox* m_netAPayer = nullptr;
+    QComboBox* m_employeur = nullptr;
+    QCheckBox* m_associerFrais = nullptr;
+    QComboBox* m_fraisType = nullptr;
+    QDoubleSpinBox* m_fraisMontant = nullptr;
+    QLineEdit* m_fraisNote = nullptr;
+    QPushButton* m_supprimer = nullptr;
+};
+
+} // namespace corvane::app

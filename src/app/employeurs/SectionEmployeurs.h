@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/PageSection.h"
+
+#include <memory>
+
+class QSortFilterProxyModel;
+class QTableView;
+class QLabel;
+
+namespace corvane {
+class Employeurs;
+}
+
+namespace corvane::app {
+
+struct Environnement;
+class CumulsEmployeurs;
+class ModeleEmployeurs;
+class PanneauEmployeur;
+
+// The employers: the list sorted by name (its "conventionné" box written at once), the
+// employer's form, its totals and the chart of every employer's pay; importing the
+// employers of another document and managing the contract templates.
+class SectionEmployeurs : public PageSection
+{
+    Q_OBJECT
+
+public:
+    SectionEmployeurs(Environnement& environnement, QWidget* parent = nullptr);
+    ~SectionEmployeurs() override;
+
+    void setFile(const QString& chemin) override;
+
+    int idSelectionne() const;
+    void selectionner(int id);
+    void nouvelEmployeur();
+    void enregistrer();
+    void supprimer();
+    void importer();
+    void gererModeles();
+
+protected:
+    void showEvent(QShowEvent* evenement) override;
+
+private:
+    bool documentOuvert();
+    void recharger(int idASelectionner);
+    void selectionChangee();
+    void majCumuls();
+
+    Environnement& m_environnement;
+    std::unique_ptr<Employeurs> m_employeurs;
+    ModeleEmployeurs* m_modele = nullptr;
+    QSortFilterProxyModel* m_tri = nullptr;
+    QTableView* m_liste = nullptr;
+    QLabel* m_nombre = nullptr;
+    PanneauEmployeur* m_panneau = nullptr;
+    CumulsEmployeurs* m_cumuls = nullptr;
+};
+
+} // namespace corvane::app

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+class QDateEdit;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QSpinBox;
+class QTableView;
+
+namespace corvane {
+class Periodes;
+}
+
+namespace corvane::app {
+
+struct Environnement;
+class ModelePeriodes;
+
+// The periods' management window: the list newest first with the active period ticked,
+// the form of the selected period, a new period through the assistant, activating and
+// deleting. The active period cannot be deleted nor left without a successor, and
+// editing it is confirmed first.
+class FenetrePeriodes : public QDialog
+{
+    Q_OBJECT
+
+public:
+    FenetrePeriodes(Environnement& environnement, const QString& chemin, QWidget* parent = nullptr);
+    ~FenetrePeriodes() override;
+
+    void recharger(int idASelectionner = 0);
+    int idSelectionne() const;
+    void selectionner(int id);
+    void enregistrer();
+    void supprimer();
+    void activer(int id);
+    void desactiver(int id);
+    void nouvellePeriode();
+
+signals:
+    // The periods changed (the dashboard refreshes).
+    void periodesModifiees();
+
+private:
+    void selectionChangee();
+
+    Environnement& m_environnement;
+    QString m_chemin;
+    std::unique_ptr<Periodes> m_periodes;
+    ModelePeriodes* m_modele = nullptr;
+    QTableView* m_liste = nullptr;
+    QLineEdit* m_libelle = nullptr;
+    QDateEdit* m_debut = nullptr;
+    QDateEdit* m_fin = nullptr;
+    QPlainTextEdit* m_notes = nullptr;
+    QSpinBox* m_conges = nullptr;
+    QSpinBox* m_franchise = nullptr;
+    QSpinBox* m_attente = nullptr;
+    QPushButton* m_enregistrer = nullptr;
+    QPushButton* m_supprimer = nullptr;
+    QPushButton* m_activer = nullptr;
+};
+
+} // namespace corvane::app

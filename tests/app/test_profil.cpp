@@ -1,0 +1,269 @@
+// The profile window driven through its widgets: each field is on disk as soon as it is
+// left, the abatement box keeps to 0 % and 20 %, the date of birth's earliest day follows
+// the setting, and the photo is chosen through the dialogs seam.
+
+#include "app/Environnement.h"
+#include "app/profil/FenetreProfil.h"
+#include "commun/OutilsDocument.h"
+#include "store/Horloge.h"
+#include "store/Reglages.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace corvane;
+using namespace corvane::app;
+using namespace corvane::test;
+
+namespace {
+QTemporaryDir* g_maison = nullptr;
+}
+
+class TestProfilEcran : public QObject
+{
+    Q_OBJECT
+
+private:
+    int m_numero = 0;
+    std::unique_ptr<Reglages> m_reglages;
+    DialoguesScriptes m_dialogues;
+    std::unique_ptr<Environnement> m_environnement;
+    QString m_chemin;
+
+    static QVariant colonne(const QString& chemin, const QString& nom, QString* type = nullptr)
+    {
+        BaseDeDonnees base;
+        if (!base.ouvrirEnLecture(chemin))
+            return {};
+        if (type)
+            *type = base.texte(QStringLiteral("SELECT typeof(%1) FROM utilisateur;").arg(nom));
+        return base.lignes(QStringLiteral("SELECT %1 AS v FROM utilisateur;").arg(nom)).value(0).value("v");
+    }
+
+    std::unique_ptr<FenetreProfil> fenetre()
+    {
+        auto f = std::make_unique<FenetreProfil>(*m_environnement, m_chemin);
+        f->show();
+        QApplication::setActiveWindow(f.get());
+        if (!QTest::qWaitForWindowActive(f.get()))
+            qWarning() << "fenêtre inactive";
+        return f;
+    }
+
+    template <typename T>
+    static T* trouver(QWidget& f, const QString& nom)
+    {
+        T* w = f.findChild<T*>(nom);
+        if (!w)
+            qWarning() << "widget introuvable :" << nom;
+        return w;
+    }
+
+    // Shows the tab that holds the widget, as the user would.
+    static void montrer(QWidget& f, QWidget* w)
+    {
+        auto* onglets = f.findChild<QTabWidget*>(QStringLiteral("ongletsProfil"));
+        for (int i = 0; i < onglets->count(); ++i) {
+            if (onglets->widget(i)->isAncestorOf(w))
+                onglets->setCurrentIndex(i);
+        }
+    }
+
+    static void taper(QWidget& f, QLineEdit* edition, const QString& texte)
+    {
+        montrer(f, edition);
+        edition->setFocus();
+        edition->selectAll();
+        QTest::keyClick(edition, Qt::Key_Backspace);
+        // What typing inserts (QTest types ASCII only).
+        edition->insert(texte);
+    }
+
+private slots:
+    void init()
+    {
+        Horloge::fixer(QDate(2024, 6, 15));
+        m_reglages = std::make_unique<Reglages>(g_maison->filePath(QStringLiteral("r%1.ini").arg(++m_numero)));
+        m_environnement.reset(new Environnement{*m_reglages, m_dialogues});
+        m_chemin = creerDocument(parametresParDefaut(g_maison->filePath(QStringLiteral("p%1.cv4").arg(m_numero))));
+        QCOMPARE(ouvrirDocument(m_chemin), m_chemin);
+    }
+
+    void champAuClavier_data()
+    {
+        QTest::addColumn<QString>("widget");
+        QTest::addColumn<QString>("texte");
+        QTest::addColumn<QString>("colonne");
+        QTest::newRow("surname with a quote") << "champNom"
+                                              << "L'Hermite"
+                                              << "u_nom";
+        QTest::newRow("first name emptied") << "champPrenom"
+                                            << ""
+                                            << "u_prenom";
+        QTest::newRow("town") << "champCommune"
+                              << "L'Haÿ-les-Roses"
+                              << "u_commune";
+        QTest::newRow("social-security number") << "champNir"
+                                                << "2 85 03 75 123 456"
+                                                << "u_nir";
+        QTest::newRow("IBAN") << "champIban"
+                              << "FR76 3000 4000"
+                              << "u_rib_iban";
+        QTest::newRow("self-employed SIRET") << "champAeSiret"
+                                             << "123 456 789 00012"
+                                             << "u_ae_siret";
+    }
+
+    void champAuClavier()
+    {
+        QFETCH(QString, widget);
+        QFETCH(QString, texte);
+        QFETCH(QString, colonne);
+        auto f = fenetre();
+        auto* edition = trouver<QLineEdit>(*f, widget);
+        QVERIFY(edition);
+        taper(*f, edition, texte);
+        QTest::keyClick(edition, Qt::Key_Return);
+        QVERIFY(f->isVisible()); // Enter saves the field; it does not close the window
+        QString type;
+        QCOMPARE(TestProfilEcran::colonne(m_chemin, colonne, &type).toString(), texte);
+        QCOMPARE(type, QStringLiteral("text"));
+    }
+
+    void sauveEnQuittantLeChamp()
+    {
+        auto f = fenetre();
+        auto* nom = trouver<QLineEdit>(*f, "champNom");
+        taper(*f, nom, "Durand");
+        QCOMPARE(colonne(m_chemin, "u_nom").toString(), QStringLiteral("Dupont")); // not yet
+        trouver<QLineEdit>(*f, "champPrenom")->setFocus();
+        QCOMPARE(colonne(m_chemin, "u_nom").toString(), QStringLiteral("Durand"));
+
+        // Closing the window ends the field being typed, which is saved too.
+        auto* pseudonyme = trouver<QLineEdit>(*f, "champPseudonyme");
+        taper(*f, pseudonyme, "La Môme");
+        f->reject();
+        QCOMPARE(colonne(m_chemin, "u_pseudonyme").toString(), QStringLiteral("La Môme"));
+
+        // Reopened, the window shows what is on disk.
+        auto g = fenetre();
+        QCOMPARE(trouver<QLineEdit>(*g, "champNom")->text(), QStringLiteral("Durand"));
+    }
+
+    void abattement()
+    {
+        auto f = fenetre();
+        auto* liste = trouver<QComboBox>(*f, "champAbattement");
+        auto* renoncer = trouver<QCheckBox>(*f, "champRenoncerAbattement");
+        montrer(*f, liste);
+        QCOMPARE(liste->currentText(), QStringLiteral("20 %"));
+        QVERIFY(!renoncer->isChecked());
+        liste->setCurrentIndex(2);
+        emit liste->activated(2);
+        QCOMPARE(colonne(m_chemin, "u_abattement").toInt(), 3);
+        renoncer->click();
+        QCOMPARE(colonne(m_chemin, "u_abattement").toInt(), 1);
+        QCOMPARE(liste->currentText(), QStringLiteral("0 %"));
+        renoncer->click(); // cleared after 25 %: 20 %, not 25 %
+        QCOMPARE(colonne(m_chemin, "u_abattement").toInt(), 2);
+        QCOMPARE(liste->currentText(), QStringLiteral("20 %"));
+    }
+
+    void choixEtCoches()
+    {
+        auto f = fenetre();
+        auto* emploi = trouver<QComboBox>(*f, "champEmploi");
+        emploi->setCurrentIndex(emploi->findText("Technicien"));
+        emit emploi->activated(emploi->currentIndex());
+        QCOMPARE(colonne(m_chemin, "u_emploi_id").toInt(), 3);
+        auto* periodicite = trouver<QComboBox>(*f, "champAePeriodicite");
+        QCOMPARE(periodicite->currentText(), QStringLiteral("Trimestrielles"));
+        periodicite->setCurrentIndex(0);
+        emit periodicite->activated(0);
+        QCOMPARE(colonne(m_chemin, "u_autoentrepreneur_periode").toInt(), 1);
+        auto* ae = trouver<QCheckBox>(*f, "champAutoEntrepreneur");
+        montrer(*f, ae);
+        ae->click();
+        QCOMPARE(colonne(m_chemin, "u_autoentrepreneur_flag").toInt(), 1);
+        auto* enfants = trouver<QSpinBox>(*f, "champEnfants");
+        montrer(*f, enfants);
+        enfants->setFocus();
+        enfants->setValue(3);
+        QTest::keyClick(enfants, Qt::Key_Return);
+        QCOMPARE(colonne(m_chemin, "u_nbre_enfants").toInt(), 3);
+    }
+
+    void dateDeNaissance_data()
+    {
+        QTest::addColumn<int>("ageMaxi");
+        QTest::addColumn<QDate>("minimum");
+        QTest::newRow("default setting, 60 years") << -1 << QDate(1964, 6, 15);
+        QTest::newRow("setting at 90 years") << 90 << QDate(1934, 6, 15);
+    }
+
+    void dateDeNaissance()
+    {
+        QFETCH(int, ageMaxi);
+        QFETCH(QDate, minimum);
+        if (ageMaxi >= 0)
+            m_reglages->ecrire(Reglages::Cle::ProfilLimiteAge, ageMaxi);
+        auto f = fenetre();
+        auto* naissance = trouver<QDateEdit>(*f, "champNaissance");
+        QCOMPARE(naissance->minimumDate(), minimum);
+        naissance->setFocus();
+        naissance->setDate(QDate(1980, 1, 31));
+        QTest::keyClick(naissance, Qt::Key_Return);
+        QCOMPARE(colonne(m_chemin, "u_naissance").toString(), QStringLiteral("1980-01-31 00:00:00.000"));
+    }
+
+    void photo()
+    {
+        const QString image = g_maison->filePath("portrait.png");
+        QImage(40, 50, QImage::Format_RGB32).save(image);
+        m_dialogues.choisirChemins({image, g_maison->filePath("pas-une-image.png")});
+        auto f = fenetre();
+        trouver<QPushButton>(*f, "boutonChoisirPhoto")->click();
+        QCOMPARE(colonne(m_chemin, "u_photo").toString(), image);
+        QCOMPARE(m_dialogues.panneaux().last().titre, QStringLiteral("Choisir une photo"));
+        QCOMPARE(trouver<QLabel>(*f, "photoProfil")->toolTip(), image);
+        // A file that is not a picture is refused.
+        trouver<QPushButton>(*f, "boutonChoisirPhoto")->click();
+        QCOMPARE(colonne(m_chemin, "u_photo").toString(), image);
+        QCOMPARE(m_dialogues.echanges().last().message, QStringLiteral("Ce fichier n'est pas une image lisible."));
+        trouver<QPushButton>(*f, "boutonRetirerPhoto")->click();
+        QString type;
+        QCOMPARE(colonne(m_chemin, "u_photo", &type).toString(), QString());
+        QCOMPARE(type, QStringLiteral("text"));
+    }
+
+    void sansDocument()
+    {
+        FenetreProfil f(*m_environnement, QString());
+        QVERIFY(!f.findChild<QTabWidget*>("ongletsProfil")->isEnabled());
+    }
+};
+
+int main(int argc, char* argv[])
+{
+    // The user's real folders are never touched: Documents and the settings live here.
+    QTemporaryDir maison;
+    g_maison = &maison;
+    qputenv("HOME", maison.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
+    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
+    QApplication application(argc, argv);
+    TestProfilEcran test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_profil.moc"
