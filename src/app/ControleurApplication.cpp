@@ -6,6 +6,10 @@
 #include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
+#include "app/employeurs/FenetreModeles.h"
+#include "app/periodes/AssistantNouvellePeriode.h"
+#include "app/periodes/FenetrePeriodes.h"
+#include "app/profil/FenetreProfil.h"
 
 #include "store/Dialogues.h"
 #include "store/Fichiers.h"
@@ -19,6 +23,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyle>
@@ -76,6 +81,7 @@ void ControleurApplication::connecter()
     connect(&m_fenetre, &FenetrePrincipale::autreDocumentDemande, this, &ControleurApplication::ouvrirAutreDocument);
     connect(&m_fenetre, &FenetrePrincipale::sauvegardeDemandee, this, &ControleurApplication::sauvegarderMaintenant);
     connect(&m_fenetre, &FenetrePrincipale::preferencesDemandees, this, &ControleurApplication::showPreferences);
+    connect(&m_fenetre, &FenetrePrincipale::fenetreDemandee, this, &ControleurApplication::ouvrirFenetre);
     connect(m_fenetre.sectionVerrou(), &SectionVerrou::deverrouille, this, [this] {
         m_verrouille = false;
         m_fenetre.setVerrouille(false);
@@ -236,6 +242,45 @@ FenetrePreferences* ControleurApplication::showPreferences()
     });
     preferences->open();
     return preferences;
+}
+
+QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
+{
+    static const QHash<FenetreDossier, QString> titres{
+        {FenetreDossier::Profil, QStringLiteral("Profil")},
+        {FenetreDossier::Periodes, QStringLiteral("Gestion des périodes")},
+        {FenetreDossier::NouvellePeriode, QStringLiteral("Gestion des périodes")},
+        {FenetreDossier::ModelesContrats, QStringLiteral("Modèles de contrat")},
+    };
+    if (m_document.isEmpty() || m_verrouille) {
+        if (m_document.isEmpty())
+            m_dialogues.information(titres.value(quoi), messageSansDocument(), QStringLiteral("Fermer"));
+        return nullptr;
+    }
+    Environnement& environnement = m_fenetre.environnement();
+    QDialog* fenetre = nullptr;
+    switch (quoi) {
+    case FenetreDossier::Profil:
+        fenetre = new FenetreProfil(environnement, m_document, &m_fenetre);
+        break;
+    case FenetreDossier::Periodes:
+        fenetre = new FenetrePeriodes(environnement, m_document, &m_fenetre);
+        break;
+    case FenetreDossier::NouvellePeriode:
+        fenetre = new AssistantNouvellePeriode(environnement, m_document, &m_fenetre);
+        break;
+    case FenetreDossier::ModelesContrats:
+        fenetre = new FenetreModeles(environnement, m_document, &m_fenetre);
+        break;
+    }
+    fenetre->setAttribute(Qt::WA_DeleteOnClose);
+    // What these windows change (profile defaults, periods, templates) shows in the sections.
+    connect(fenetre, &QDialog::finished, this, [this] {
+        m_fenetre.setFile(m_document);
+        majAlertes();
+    });
+    fenetre->open();
+    return fenetre;
 }
 
 bool ControleurApplication::ouvrirAutreDocument()

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "app/FenetrePrincipale.h"
 #include "app/Sections.h"
 
 #include <QObject>
 #include <QPalette>
 #include <QString>
+
+class QDialog;
 
 namespace corvane {
 class Dialogues;
@@ -15,7 +18,6 @@ namespace corvane::app {
 
 class AssistantNouveauDocument;
 class FenetrePreferences;
-class FenetrePrincipale;
 class FeuilleMotDePasse;
 class PopoverVerrou;
 
@@ -51,6 +53,8 @@ public:
     // The new-document assistant, kept above the main window.
     AssistantNouveauDocument* showAssistant();
     FenetrePreferences* showPreferences();
+    // The profile, periods and templates windows, over the open document.
+    QDialog* ouvrirFenetre(FenetreDossier quoi);
     // The backup copy made now, from the files section or the menu.
     void sauvegarderMaintenant();
 

@@ -69,6 +69,11 @@ void FenetrePrincipale::construireBarreOutils()
     barre->setMovable(false);
     barre->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
+    QAction* profil = barre->addAction(QIcon::fromTheme(QStringLiteral("user-identity")), QStringLiteral("Profil"));
+    profil->setObjectName(QStringLiteral("boutonProfil"));
+    profil->setToolTip(QStringLiteral("Votre profil : état civil, coordonnées, numéros administratifs"));
+    connect(profil, &QAction::triggered, this, [this] { emit fenetreDemandee(FenetreDossier::Profil); });
+
     auto* espace = new QWidget(barre);
     espace->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     barre->addWidget(espace);
@@ -136,6 +141,29 @@ void FenetrePrincipale::construireMenus()
     quitter->setShortcut(QKeySequence::Quit);
     quitter->setMenuRole(QAction::QuitRole);
     connect(quitter, &QAction::triggered, this, &QWidget::close);
+
+    QMenu* dossier = menuBar()->addMenu(QStringLiteral("&Dossier"));
+    const struct
+    {
+        const char* nom;
+        QString libelle;
+        QKeySequence raccourci;
+        FenetreDossier fenetre;
+    } fenetres[] = {
+        {"actionProfil", QStringLiteral("&Profil…"), QKeySequence(QStringLiteral("Ctrl+Shift+P")),
+         FenetreDossier::Profil},
+        {"actionPeriodes", QStringLiteral("Pé&riodes d'indemnisation…"), QKeySequence(), FenetreDossier::Periodes},
+        {"actionNouvellePeriode", QStringLiteral("&Nouvelle période…"), QKeySequence(),
+         FenetreDossier::NouvellePeriode},
+        {"actionModeles", QStringLiteral("&Modèles de contrat…"), QKeySequence(), FenetreDossier::ModelesContrats},
+    };
+    for (const auto& f : fenetres) {
+        QAction* action = dossier->addAction(f.libelle);
+        action->setObjectName(QLatin1String(f.nom));
+        action->setShortcut(f.raccourci);
+        const FenetreDossier fenetre = f.fenetre;
+        connect(action, &QAction::triggered, this, [this, fenetre] { emit fenetreDemandee(fenetre); });
+    }
 
     // Ctrl+1 … Ctrl+0: the first ten sections from the keyboard.
     QMenu* aller = menuBar()->addMenu(QStringLiteral("&Sections"));

@@ -21,6 +21,15 @@ class SectionVerrou;
 // The main window: the navigation bar, the stack of sections and the toolbar (alerts
 // menu with its badge, lock button). It shows what the controller tells it and
 // passes the user's choices back as signals.
+// The windows that edit the document beside the sections.
+enum class FenetreDossier
+{
+    Profil,
+    Periodes,
+    NouvellePeriode,
+    ModelesContrats,
+};
+
 class FenetrePrincipale : public QMainWindow
 {
     Q_OBJECT
@@ -55,6 +64,7 @@ signals:
     void autreDocumentDemande();
     void sauvegardeDemandee();
     void preferencesDemandees();
+    void fenetreDemandee(corvane::app::FenetreDossier fenetre);
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;

@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -211,6 +212,39 @@ private slots:
         preferences->findChild<QCheckBox*>(Reglages::nom(Reglages::Cle::ActiverAlertes))->click();
         QVERIFY(!b->reglages->booleen(Reglages::Cle::ActiverAlertes));
         QTRY_VERIFY(!badge->isVisible());
+    }
+
+    void fenetresDuDossier_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("fenetre");
+        QTest::newRow("profil") << "actionProfil"
+                                << "corvane::app::FenetreProfil";
+        QTest::newRow("périodes") << "actionPeriodes"
+                                  << "corvane::app::FenetrePeriodes";
+        QTest::newRow("nouvelle période") << "actionNouvellePeriode"
+                                          << "corvane::app::AssistantNouvellePeriode";
+        QTest::newRow("modèles") << "actionModeles"
+                                 << "corvane::app::FenetreModeles";
+    }
+
+    void fenetresDuDossier()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, fenetre);
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer());
+        b->fenetre->action(action)->trigger();
+        QCOMPARE(b->dialogues.echanges().last().message, ControleurApplication::messageSansDocument());
+        QVERIFY(b->fenetre->findChildren<QDialog*>().isEmpty());
+
+        QVERIFY(b->controleur->ouvrir(document(QStringLiteral("dossier%1.cv4").arg(m_numero))));
+        b->fenetre->action(action)->trigger();
+        const QList<QDialog*> ouvertes = b->fenetre->findChildren<QDialog*>();
+        QCOMPARE(ouvertes.size(), 1);
+        QCOMPARE(QString::fromLatin1(ouvertes.first()->metaObject()->className()), fenetre);
+        QVERIFY(ouvertes.first()->isVisible());
+        ouvertes.first()->close();
     }
 
     void ouvrirUnAutreDocument()
