@@ -50,8 +50,8 @@ fuzz: deps
 screenshots: build
 	@home=$$(mktemp -d) && trap 'rm -rf "$$home"' EXIT && \
 	mkdir -p "$$home/Documents/Corvane" docs/images && \
-	$(BUILD_DIR)/src/cli/corvane-cli nouveau "$$home/Documents/Corvane/Claire Martin.cv4" \
-		--nom Martin --prenom Claire --emploi Artiste --ouverture 2026-03-01 >/dev/null && \
+	$(BUILD_DIR)/bench/corvane-genere --annees 3 --contrats 400 --fin 2026-11-21 \
+		"$$home/Documents/Corvane/Claire Martin.cv4" >/dev/null && \
 	env HOME="$$home" XDG_CONFIG_HOME="$$home/.config" XDG_DATA_HOME="$$home/.local/share" \
 		XDG_CACHE_HOME="$$home/.cache" XDG_STATE_HOME="$$home/.local/state" XDG_RUNTIME_DIR="$$home" \
 		QT_QPA_PLATFORM=offscreen TZ=Europe/Paris LANG=C.UTF-8 CORVANE_CAPTURE="$(CURDIR)/docs/images" \

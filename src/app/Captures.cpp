@@ -3,7 +3,10 @@
 #include "app/FenetrePrincipale.h"
 #include "app/Sections.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFileInfo>
 #include <QPixmap>
@@ -21,13 +24,34 @@ namespace {
 constexpr int kDelaiPremiereCapture = 300;
 constexpr int kDelaiEntreCaptures = 150;
 
+// A picture of a section, or of what a command opens from it: the command is a menu
+// action (its window is pictured, then closed) or a button of the section (the main
+// window is pictured).
 struct Prise
 {
     QString chemin;
     Section section;
+    QString commande;
 };
 
-bool enregistrer(FenetrePrincipale& fenetre, const QString& chemin)
+QWidget* preparer(FenetrePrincipale& fenetre, const Prise& prise)
+{
+    if (prise.commande.isEmpty())
+        return &fenetre;
+    if (QAction* action = fenetre.action(prise.commande)) {
+        action->trigger();
+        const QList<QDialog*> fenetres = fenetre.findChildren<QDialog*>();
+        for (QDialog* d : fenetres)
+            if (d->isVisible())
+                return d;
+        return nullptr;
+    }
+    if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande))
+        bouton->click();
+    return &fenetre;
+}
+
+bool enregistrer(QWidget& fenetre, const QString& chemin)
 {
     if (fenetre.grab().save(chemin, "PNG"))
         return true;
@@ -44,8 +68,11 @@ void prendreSuivante(FenetrePrincipale& fenetre, std::shared_ptr<QList<Prise>> p
     }
     const Prise prise = prises->takeFirst();
     fenetre.afficherSection(prise.section);
-    QTimer::singleShot(kDelaiEntreCaptures, &fenetre, [&fenetre, prises, prise, reussi] {
-        const bool ok = enregistrer(fenetre, prise.chemin);
+    QWidget* cible = preparer(fenetre, prise);
+    QTimer::singleShot(kDelaiEntreCaptures, &fenetre, [&fenetre, prises, prise, reussi, cible] {
+        const bool ok = cible && enregistrer(*cible, prise.chemin);
+        if (cible && cible != &fenetre)
+            cible->close();
         prendreSuivante(fenetre, prises, reussi && ok);
     });
 }
@@ -79,7 +106,19 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
         auto prises = std::make_shared<QList<Prise>>();
         for (const DescriptionSection& d : sectionsNavigation())
             prises->append(
-                {dossier.filePath(QStringLiteral("section-%1.png").arg(nomDeFichierSection(d.titre))), d.section});
+                {dossier.filePath(QStringLiteral("section-%1.png").arg(nomDeFichierSection(d.titre))), d.section, {}});
+        const Prise fenetres[] = {
+            {dossier.filePath(QStringLiteral("profil.png")), Section::Fichiers, QStringLiteral("actionProfil")},
+            {dossier.filePath(QStringLiteral("periodes.png")), Section::Fichiers, QStringLiteral("actionPeriodes")},
+            {dossier.filePath(QStringLiteral("modeles-contrat.png")), Section::Fichiers,
+             QStringLiteral("actionModeles")},
+            {dossier.filePath(QStringLiteral("preferences.png")), Section::Fichiers,
+             QStringLiteral("actionPreferences")},
+            {dossier.filePath(QStringLiteral("formulaire-contrat.png")), Section::Contrats,
+             QStringLiteral("boutonNouveauContrat")},
+        };
+        for (const Prise& p : fenetres)
+            prises->append(p);
         prendreSuivante(fenetre, prises, ok);
     });
 }

@@ -24,6 +24,7 @@ FenetrePreferences::FenetrePreferences(Reglages& reglages, QWidget* parent) : QD
     m_liste->setObjectName(QStringLiteral("listePanneauxPreferences"));
     m_liste->setSelectionMode(QAbstractItemView::SingleSelection);
     m_liste->setFixedWidth(150);
+    m_liste->setSpacing(3);
     m_pile = new QStackedWidget(this);
     m_pile->setObjectName(QStringLiteral("pilePanneauxPreferences"));
 

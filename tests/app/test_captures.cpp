@@ -1,5 +1,6 @@
 // The documentation's screenshots: the program run as `make screenshots` runs it, offscreen with
-// a throwaway home, leaves one picture of the window per section and quits.
+// a throwaway home, leaves one picture of the window per section (and of the windows
+// the menus open) and quits.
 
 #include "app/Captures.h"
 #include "app/Sections.h"
@@ -89,13 +90,19 @@ private slots:
         QStringList attendus{QStringLiteral("fenetre-principale.png")};
         for (const DescriptionSection& d : sectionsNavigation())
             attendus << QStringLiteral("section-%1.png").arg(app::nomDeFichierSection(d.titre));
+        // The windows opened from the menus, and the contract form.
+        const QStringList fenetres{"profil.png", "periodes.png", "modeles-contrat.png", "preferences.png"};
+        attendus << fenetres << QStringLiteral("formulaire-contrat.png");
         attendus.sort();
         QCOMPARE(QDir(dossier).entryList(QDir::Files, QDir::Name), attendus);
         for (const QString& nom : attendus) {
             const QImage image(QDir(dossier).filePath(nom));
             QVERIFY2(!image.isNull(), qPrintable(nom));
-            QCOMPARE(image.size(), QSize(1180, 760));
+            if (!fenetres.contains(nom))
+                QCOMPARE(image.size(), QSize(1180, 760));
         }
+        QVERIFY(QImage(QDir(dossier).filePath(QStringLiteral("formulaire-contrat.png"))) !=
+                QImage(QDir(dossier).filePath(QStringLiteral("section-contrats.png"))));
         // The pictures differ from one section to the next: each section was really shown.
         QVERIFY(QImage(QDir(dossier).filePath(QStringLiteral("section-fichiers.png"))) !=
                 QImage(QDir(dossier).filePath(QStringLiteral("section-contrats.png"))));

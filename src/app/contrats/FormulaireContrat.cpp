@@ -183,7 +183,7 @@ QWidget* FormulaireContrat::construireColonneDroite()
     formulaire->addRow(QStringLiteral("Abattement :"), m_abattement);
     formulaire->addRow(QStringLiteral("Brut après abattement :"), m_brutAbattu);
     formulaire->addRow(QStringLiteral("Salaire net :"), m_net);
-    formulaire->addRow(QStringLiteral("Prélèvement à la source :"), m_pas);
+    formulaire->addRow(QStringLiteral("Taux du prélèvement à la source (%) :"), m_pas);
     formulaire->addRow(QStringLiteral("Net à payer :"), m_netAPayer);
     formulaire->addRow(QStringLiteral("Année d'encaissement :"), m_annee);
     auto* cases = new QVBoxLayout;
