@@ -2,6 +2,7 @@
 
 #include "app/ControleurApplication.h"
 #include "app/Environnement.h"
+#include "app/MemoireColonnes.h"
 #include "app/contrats/ModeleTableContrats.h"
 #include "store/Dialogues.h"
 #include "store/Horloge.h"
@@ -70,17 +71,10 @@ ListeContrats::ListeContrats(Environnement& environnement, QWidget* parent)
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setSectionsMovable(true);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    const QByteArray etat = m_environnement.reglages.valeur(Reglages::Cle::ContratsColonnes).toByteArray();
-    if (etat.isEmpty() || !m_table->horizontalHeader()->restoreState(etat)) {
-        static const QList<int> largeurs{84, 84, 150, 90, 95, 46, 54, 88, 88, 64, 46, 58, 72, 100, 100};
-        for (int colonne = 0; colonne < largeurs.size(); ++colonne)
-            m_table->setColumnWidth(colonne, largeurs.at(colonne));
-    }
-    auto enregistrerColonnes = [this] {
-        m_environnement.reglages.ecrire(Reglages::Cle::ContratsColonnes, m_table->horizontalHeader()->saveState());
-    };
-    connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this, enregistrerColonnes);
-    connect(m_table->horizontalHeader(), &QHeaderView::sectionMoved, this, enregistrerColonnes);
+    static const QList<int> largeurs{84, 84, 150, 90, 95, 46, 54, 88, 88, 64, 46, 58, 72, 100, 100};
+    for (int colonne = 0; colonne < largeurs.size(); ++colonne)
+        m_table->setColumnWidth(colonne, largeurs.at(colonne));
+    memoriserColonnes(m_table, m_environnement.reglages, Reglages::Cle::ContratsColonnes);
     mise->addWidget(m_table, 1);
 
     m_totaux = new QLabel(this);
