@@ -3,6 +3,7 @@
 #include "app/AssistantNouveauDocument.h"
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
+#include "app/PanneauPreferencesImpressions.h"
 #include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
@@ -236,6 +237,7 @@ FenetrePreferences* ControleurApplication::showPreferences()
     auto* preferences = new FenetrePreferences(m_reglages, &m_fenetre);
     preferences->setAttribute(Qt::WA_DeleteOnClose);
     preferences->setFile(m_document);
+    preferences->ajouterPanneau(QStringLiteral("Impressions"), new PanneauPreferencesImpressions(m_reglages));
     connect(preferences, &FenetrePreferences::reglagesModifies, this, [this] {
         majAlertes();
         appliquerApparence();

@@ -36,21 +36,11 @@ QJsonValue valeurJson(const QVariant& valeur)
     }
 }
 
-bool filtreEntre0Et2(const Arguments& arguments, const QString& option)
-{
-    return !arguments.contient(option) || QStringList{"0", "1", "2"}.contains(arguments.valeur(option));
-}
-
 class CommandeContratLister : public CommandeEnregistrements
 {
 public:
     QString nom() const override { return QStringLiteral("contrat"); }
-    QString usage() const override
-    {
-        return QStringLiteral("contrat lister FICHIER [--periode tous|periode_reference|annee|periode] "
-                              "[--du AAAA-MM-JJ --au AAAA-MM-JJ] [--effectue 0|1|2] [--paye 0|1|2] [--type T] "
-                              "[--employeur NOM] [--emploi E] [--sens MOT]");
-    }
+    QString usage() const override { return QStringLiteral("contrat lister FICHIER ") + usageFiltreContrats(); }
 
 protected:
     QStringList actions() const override { return {QStringLiteral("lister")}; }
@@ -59,59 +49,19 @@ protected:
     {
         Arguments arguments;
         int code = Succes;
-        if (!analyser(
-                contexte, arguments, liste,
-                {{"periode"}, {"du"}, {"au"}, {"effectue"}, {"paye"}, {"type"}, {"employeur"}, {"emploi"}, {"sens"}}, 1,
-                &code))
+        if (!analyser(contexte, arguments, liste, optionsFiltreContrats(), 1, &code))
             return code;
-        FiltreContrats filtre;
-        filtre.periode = arguments.valeur("periode", QStringLiteral("tous"));
-        if (!QStringList{"tous", "periode_reference", "annee", "periode"}.contains(filtre.periode))
-            return mauvaisUsage(contexte, QStringLiteral("période inconnue : « %1 » (choix : tous, periode_reference, "
-                                                         "annee, periode)")
-                                              .arg(filtre.periode));
-        if (!filtreEntre0Et2(arguments, "effectue") || !filtreEntre0Et2(arguments, "paye"))
-            return mauvaisUsage(contexte, QStringLiteral("--effectue et --paye valent 0, 1 ou 2"));
-        if (arguments.contient("du") != arguments.contient("au"))
-            return mauvaisUsage(contexte, QStringLiteral("--du et --au vont ensemble"));
-        const auto du = arguments.date("du");
-        const auto au = arguments.date("au");
-        if (arguments.enErreur())
-            return mauvaisUsage(contexte, arguments.erreur());
-        if (arguments.contient("emploi") && !Schema::emplois().contains(arguments.valeur("emploi")))
-            return mauvaisUsage(contexte, QStringLiteral("emploi inconnu : « %1 » (choix : %2)")
-                                              .arg(arguments.valeur("emploi"), Schema::emplois().join(", ")));
+        if (const ErreurFiltre e = verifierFiltreContrats(arguments); e.code != Succes)
+            return e.code == MauvaisUsage ? mauvaisUsage(contexte, e.message) : echec(contexte, e.message);
 
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         // A listing reads only: no upgrade pass, nothing written.
         if (!documentAccessible(contexte, chemin, &code))
             return code;
         Contrats contrats(chemin);
-
-        filtre.effectue = arguments.valeur("effectue", "0").toInt();
-        filtre.paye = arguments.valeur("paye", "0").toInt();
-        if (arguments.contient("type")) {
-            filtre.filtreType = true;
-            filtre.type = arguments.valeur("type");
-            if (contrats.retrouveContratTypeId(filtre.type) == 0 &&
-                contrats.db().entier("SELECT ae_id FROM autoentrepreneurtypes WHERE ae_type = ?;", {filtre.type}) == 0)
-                return mauvaisUsage(contexte, QStringLiteral("type de contrat inconnu : « %1 »").arg(filtre.type));
-        }
-        if (arguments.contient("employeur")) {
-            filtre.filtreEmployeur = true;
-            filtre.employeur = arguments.valeur("employeur");
-            if (contrats.retrouveEmployeurId(filtre.employeur) == 0)
-                return echec(contexte, QStringLiteral("aucun employeur ne s'appelle « %1 ».").arg(filtre.employeur));
-        }
-        if (arguments.contient("emploi")) {
-            filtre.filtreEmploi = true;
-            filtre.emploi = arguments.valeur("emploi");
-        }
-        // Without dates, the "periode" keyword takes the ones the screen remembers.
-        filtre.du = du ? *du : contrats.datePeriodeDebut();
-        filtre.au = au ? *au : contrats.datePeriodeFin();
-        filtre.sens = arguments.valeur("sens");
-        filtre.sensPrefere = Reglages::defaut(Reglages::Cle::ContratsSens).toString();
+        FiltreContrats filtre;
+        if (const ErreurFiltre e = lireFiltreContrats(arguments, contrats, filtre); e.code != Succes)
+            return e.code == MauvaisUsage ? mauvaisUsage(contexte, e.message) : echec(contexte, e.message);
 
         // A document not yet upgraded lacks the screen's columns: the model's own listing is given then.
         const bool colonnesEcran =
@@ -152,6 +102,76 @@ protected:
 };
 
 } // namespace
+
+const QList<OptionAttendue>& optionsFiltreContrats()
+{
+    static const QList<OptionAttendue> options{{"periode"}, {"du"},        {"au"},     {"effectue"}, {"paye"},
+                                               {"type"},    {"employeur"}, {"emploi"}, {"sens"}};
+    return options;
+}
+
+QString usageFiltreContrats()
+{
+    return QStringLiteral("[--periode tous|periode_reference|annee|periode] [--du AAAA-MM-JJ --au AAAA-MM-JJ] "
+                          "[--effectue 0|1|2] [--paye 0|1|2] [--type T] [--employeur NOM] [--emploi E] [--sens MOT]");
+}
+
+ErreurFiltre verifierFiltreContrats(Arguments& arguments)
+{
+    const auto entre0Et2 = [&arguments](const QString& option) {
+        return !arguments.contient(option) || QStringList{"0", "1", "2"}.contains(arguments.valeur(option));
+    };
+    const QString periode = arguments.valeur("periode", QStringLiteral("tous"));
+    if (!QStringList{"tous", "periode_reference", "annee", "periode"}.contains(periode))
+        return {MauvaisUsage, QStringLiteral("période inconnue : « %1 » (choix : tous, periode_reference, annee, "
+                                             "periode)")
+                                  .arg(periode)};
+    if (!entre0Et2("effectue") || !entre0Et2("paye"))
+        return {MauvaisUsage, QStringLiteral("--effectue et --paye valent 0, 1 ou 2")};
+    if (arguments.contient("du") != arguments.contient("au"))
+        return {MauvaisUsage, QStringLiteral("--du et --au vont ensemble")};
+    arguments.date("du");
+    arguments.date("au");
+    if (arguments.enErreur())
+        return {MauvaisUsage, arguments.erreur()};
+    if (arguments.contient("emploi") && !Schema::emplois().contains(arguments.valeur("emploi")))
+        return {MauvaisUsage, QStringLiteral("emploi inconnu : « %1 » (choix : %2)")
+                                  .arg(arguments.valeur("emploi"), Schema::emplois().join(", "))};
+    return {};
+}
+
+ErreurFiltre lireFiltreContrats(Arguments& arguments, Contrats& contrats, FiltreContrats& filtre)
+{
+    filtre = FiltreContrats();
+    filtre.periode = arguments.valeur("periode", QStringLiteral("tous"));
+    filtre.effectue = arguments.valeur("effectue", "0").toInt();
+    filtre.paye = arguments.valeur("paye", "0").toInt();
+    if (arguments.contient("type")) {
+        filtre.filtreType = true;
+        filtre.type = arguments.valeur("type");
+        if (contrats.retrouveContratTypeId(filtre.type) == 0 &&
+            contrats.db().entier("SELECT ae_id FROM autoentrepreneurtypes WHERE ae_type = ?;", {filtre.type}) == 0)
+            return {MauvaisUsage, QStringLiteral("type de contrat inconnu : « %1 »").arg(filtre.type)};
+    }
+    if (arguments.contient("employeur")) {
+        filtre.filtreEmployeur = true;
+        filtre.employeur = arguments.valeur("employeur");
+        if (contrats.retrouveEmployeurId(filtre.employeur) == 0)
+            return {ErreurUtilisateur, QStringLiteral("aucun employeur ne s'appelle « %1 ».").arg(filtre.employeur)};
+    }
+    if (arguments.contient("emploi")) {
+        filtre.filtreEmploi = true;
+        filtre.emploi = arguments.valeur("emploi");
+    }
+    // Without dates, the "periode" keyword takes the ones the screen remembers.
+    const auto du = arguments.date("du");
+    const auto au = arguments.date("au");
+    filtre.du = du ? *du : contrats.datePeriodeDebut();
+    filtre.au = au ? *au : contrats.datePeriodeFin();
+    filtre.sens = arguments.valeur("sens");
+    filtre.sensPrefere = Reglages::defaut(Reglages::Cle::ContratsSens).toString();
+    return {};
+}
 
 std::unique_ptr<Commande> commandeContratLister()
 {

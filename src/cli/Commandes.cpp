@@ -17,6 +17,7 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeModele());
     liste.push_back(commandePeriode());
     liste.push_back(commandeContrat());
+    liste.push_back(commandePdf());
     return liste;
 }
 

@@ -17,6 +17,7 @@ std::unique_ptr<Commande> commandeEmployeur();
 std::unique_ptr<Commande> commandeModele();
 std::unique_ptr<Commande> commandePeriode();
 std::unique_ptr<Commande> commandeContrat();
+std::unique_ptr<Commande> commandePdf();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();

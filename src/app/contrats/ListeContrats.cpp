@@ -1,9 +1,12 @@
 #include "app/contrats/ListeContrats.h"
 
+#include "app/ActionsRapport.h"
 #include "app/ControleurApplication.h"
 #include "app/Environnement.h"
 #include "app/MemoireColonnes.h"
 #include "app/contrats/ModeleTableContrats.h"
+#include "exchange/ExportPdf.h"
+#include "exchange/RapportsEnregistrements.h"
 #include "store/Dialogues.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -95,6 +98,19 @@ ListeContrats::ListeContrats(Environnement& environnement, QWidget* parent)
     boutons->addWidget(m_modifier);
     boutons->addWidget(m_dupliquer);
     boutons->addStretch(1);
+    // The report lists the contracts as filtered on screen.
+    ajouterBoutonsRapport(
+        boutons, this, m_environnement,
+        [this] {
+            const FiltreContrats filtreEcran = filtre();
+            const ChoixImpressions choix = ChoixImpressions::depuis(m_environnement.reglages);
+            const QString document = m_chemin;
+            return RapportEcran{document, nomRapportContrats(), ExportPdf::titreAlertes(),
+                                [document, filtreEcran, choix](Rapport& rapport) {
+                                    return composerRapportContrats(rapport, document, choix, filtreEcran);
+                                }};
+        },
+        QStringLiteral("Contrats"));
     boutons->addWidget(m_supprimer);
     mise->addLayout(boutons);
 

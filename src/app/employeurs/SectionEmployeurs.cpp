@@ -1,11 +1,14 @@
 #include "app/employeurs/SectionEmployeurs.h"
 
+#include "app/ActionsRapport.h"
 #include "app/Environnement.h"
 #include "app/MemoireColonnes.h"
 #include "app/employeurs/CumulsEmployeurs.h"
 #include "app/employeurs/FenetreModeles.h"
 #include "app/employeurs/ModeleEmployeurs.h"
 #include "app/employeurs/PanneauEmployeur.h"
+#include "exchange/ExportPdf.h"
+#include "exchange/RapportsEnregistrements.h"
 #include "records/Employeurs.h"
 #include "store/Dialogues.h"
 #include "store/Reglages.h"
@@ -53,6 +56,16 @@ SectionEmployeurs::SectionEmployeurs(Environnement& environnement, QWidget* pare
     barre->addWidget(modeles);
     barre->addStretch(1);
     barre->addWidget(m_nombre);
+    ajouterBoutonsRapport(
+        barre, this, m_environnement,
+        [this] {
+            const QString document = cheminDuFichier();
+            const ChoixImpressions choix = ChoixImpressions::depuis(m_environnement.reglages);
+            return RapportEcran{
+                document, nomRapportEmployeurs(), ExportPdf::titreAlertes(),
+                [document, choix](Rapport& rapport) { return composerRapportEmployeurs(rapport, document, choix); }};
+        },
+        QStringLiteral("Employeurs"));
     contenu()->addLayout(barre);
 
     auto* partage = new QSplitter(Qt::Horizontal, this);

@@ -1,13 +1,17 @@
 #include "app/profil/FenetreProfil.h"
 
+#include "app/ActionsRapport.h"
 #include "app/Environnement.h"
+#include "exchange/RapportsEnregistrements.h"
 #include "store/Dialogues.h"
+#include "store/Horloge.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -32,6 +36,21 @@ FenetreProfil::FenetreProfil(Environnement& environnement, const QString& chemin
     m_onglets->addTab(pageBanque(), QStringLiteral("Banque"));
     m_onglets->addTab(pageAutres(), QStringLiteral("Véhicule, impôt, auto-entreprise"));
     mise->addWidget(m_onglets, 1);
+
+    // The printed summary, as the "Impressions" settings choose its parts.
+    auto* impression = new QHBoxLayout;
+    ajouterBoutonsRapport(
+        impression, this, m_environnement,
+        [this] {
+            const QString document = m_chemin;
+            const ChoixImpressions choix = ChoixImpressions::depuis(m_environnement.reglages);
+            return RapportEcran{
+                document, nomRapportProfil(Horloge::aujourdhui()), QStringLiteral("Gestion des PDF"),
+                [document, choix](Rapport& rapport) { return composerRapportProfil(rapport, document, choix); }};
+        },
+        QStringLiteral("Profil"));
+    impression->addStretch(1);
+    mise->addLayout(impression);
 
     auto* boutons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     boutons->button(QDialogButtonBox::Close)->setText(QStringLiteral("Fermer"));

@@ -1,0 +1,194 @@
+// The employers' and the contracts' reports: lists with their totals.
+
+#include "exchange/Rapport.h"
+#include "exchange/RapportsEnregistrements.h"
+
+#include "records/Contrats.h"
+#include "records/Employeurs.h"
+
+#include <QLocale>
+
+namespace corvane {
+
+namespace {
+
+QString nombre(qint64 valeur)
+{
+    static const QLocale francais(QLocale::French, QLocale::France);
+    return francais.toString(valeur);
+}
+
+QString joindre(const QStringList& morceaux, const QString& separateur)
+{
+    QStringList pleins;
+    for (const QString& m : morceaux)
+        if (!m.simplified().isEmpty())
+            pleins << m.simplified();
+    return pleins.join(separateur);
+}
+
+QString dateAffichee(const QDate& jour)
+{
+    return jour.toString(QStringLiteral("dd/MM/yyyy"));
+}
+
+// What the listing holds, in words, under the title.
+QString descriptionFiltre(const FiltreContrats& filtre)
+{
+    QStringList pieces;
+    if (filtre.periode == QStringLiteral("periode_reference"))
+        pieces << QStringLiteral("Période de référence");
+    else if (filtre.periode == QStringLiteral("annee"))
+        pieces << QStringLiteral("Année en cours");
+    else if (filtre.periode == QStringLiteral("periode"))
+        pieces << QStringLiteral("Du %1 au %2").arg(dateAffichee(filtre.du), dateAffichee(filtre.au));
+    else
+        pieces << QStringLiteral("Tous les contrats");
+    if (filtre.effectue == 1)
+        pieces << QStringLiteral("effectués");
+    else if (filtre.effectue == 2)
+        pieces << QStringLiteral("planifiés");
+    if (filtre.paye == 1)
+        pieces << QStringLiteral("payés");
+    else if (filtre.paye == 2)
+        pieces << QStringLiteral("non payés");
+    if (filtre.filtreType)
+        pieces << QStringLiteral("type « %1 »").arg(filtre.type);
+    if (filtre.filtreEmployeur)
+        pieces << QStringLiteral("employeur « %1 »").arg(filtre.employeur);
+    if (filtre.filtreEmploi)
+        pieces << QStringLiteral("emploi « %1 »").arg(filtre.emploi);
+    return pieces.join(QStringLiteral(", "));
+}
+
+void listeEmployeurs(Rapport& rapport, const Lignes& employeurs)
+{
+    rapport.section(QStringLiteral("Employeurs"));
+    if (employeurs.isEmpty()) {
+        rapport.paragraphe(QStringLiteral("Aucun employeur."));
+        return;
+    }
+    QList<QStringList> lignes;
+    for (const Ligne& e : employeurs) {
+        const QString ville = joindre({e.value("Code Postal").toString(), e.value("Commune").toString()}, " ");
+        lignes << QStringList{e.value("Enseigne").toString(),
+                              joindre({e.value("Adresse").toString(), ville}, QStringLiteral(", ")),
+                              e.value("Telephone").toString(), e.value("Email").toString()};
+    }
+    rapport.tableau({ColonneRapport::texte(QStringLiteral("Enseigne"), 28), ColonneRapport::texte("Adresse"),
+                     ColonneRapport::texte(QStringLiteral("Téléphone"), 17),
+                     ColonneRapport::texte(QStringLiteral("Courriel"), 24)},
+                    lignes);
+}
+
+void cumulsEmployeurs(Rapport& rapport, Employeurs& modele, const Lignes& employeurs)
+{
+    rapport.section(QStringLiteral("Cumuls par employeur"));
+    if (employeurs.isEmpty()) {
+        rapport.paragraphe(QStringLiteral("Aucun employeur."));
+        return;
+    }
+    QList<QStringList> lignes;
+    qint64 journees = 0;
+    qint64 heures = 0;
+    double bruts = 0;
+    double nets = 0;
+    for (const Ligne& e : employeurs) {
+        const Ligne c = modele.cumulsPourEmployeur(e.value("Id").toInt());
+        journees += c.value("Journées").toLongLong();
+        heures += c.value("Heures").toLongLong();
+        bruts += c.value("Salaires bruts").toDouble();
+        nets += c.value("Salaires nets").toDouble();
+        lignes << QStringList{e.value("Enseigne").toString(), nombre(c.value("Journées").toLongLong()),
+                              nombre(c.value("Heures").toLongLong()),
+                              Rapport::montant(c.value("Salaires bruts").toDouble()),
+                              Rapport::montant(c.value("Salaires nets").toDouble())};
+    }
+    rapport.tableau(
+        {ColonneRapport::texte(QStringLiteral("Enseigne")), ColonneRapport::montant(QStringLiteral("Journées"), 11),
+         ColonneRapport::montant(QStringLiteral("Heures"), 10),
+         ColonneRapport::montant(QStringLiteral("Salaires bruts"), 18),
+         ColonneRapport::montant(QStringLiteral("Salaires nets"), 18)},
+        lignes,
+        {QStringLiteral("Totaux"), nombre(journees), nombre(heures), Rapport::montant(bruts), Rapport::montant(nets)});
+}
+
+} // namespace
+
+QString nomRapportEmployeurs()
+{
+    return QStringLiteral("Liste des employeurs");
+}
+
+QString nomRapportContrats()
+{
+    return QStringLiteral("Liste des contrats");
+}
+
+bool composerRapportEmployeurs(Rapport& rapport, const QString& document, const ChoixImpressions& choix)
+{
+    Employeurs modele(document);
+    if (!modele.estOuvert() || !modele.db().tableExiste(QStringLiteral("employeurs")))
+        return false;
+    const Lignes employeurs = modele.listeLesEmployeurs();
+    rapport.titre(nomRapportEmployeurs());
+    rapport.separateur();
+    if (choix.listeEmployeurs)
+        listeEmployeurs(rapport, employeurs);
+    if (choix.cumulsEmployeurs) {
+        // Each part starts on a page of its own when both are printed.
+        if (choix.listeEmployeurs && !employeurs.isEmpty())
+            rapport.sautDePage();
+        cumulsEmployeurs(rapport, modele, employeurs);
+    }
+    return true;
+}
+
+bool composerRapportContrats(Rapport& rapport, const QString& document, const ChoixImpressions& choix,
+                             const FiltreContrats& filtre)
+{
+    Contrats contrats(document);
+    if (!contrats.estOuvert() || !contrats.db().tableExiste(QStringLiteral("contrats")))
+        return false;
+    // The model's columns are all the report shows.
+    const Lignes liste = contrats.listeLesContrats(filtre, false);
+    rapport.titre(nomRapportContrats());
+    rapport.separateur();
+    rapport.paragraphe(descriptionFiltre(filtre));
+
+    const QString jours = nombre(contrats.totalJours);
+    const QString heures = nombre(contrats.totalHeures);
+    if (!choix.listeContrats || liste.isEmpty()) {
+        rapport.section(QStringLiteral("Totaux"));
+        rapport.ligne(QStringLiteral("Contrats"), nombre(liste.size()));
+        rapport.ligne(QStringLiteral("Jours"), jours);
+        rapport.ligne(QStringLiteral("Heures"), heures);
+        rapport.ligne(QStringLiteral("Salaires bruts"), Rapport::montant(contrats.totalBruts));
+        rapport.ligne(QStringLiteral("Salaires nets"), Rapport::montant(contrats.totalNets));
+        return true;
+    }
+    QList<QStringList> lignes;
+    lignes.reserve(liste.size());
+    for (const Ligne& c : liste)
+        lignes << QStringList{c.value("Id Contrat").toString(),
+                              c.value("Date Debut").toString(),
+                              c.value("Date Fin").toString(),
+                              c.value("Employeur").toString(),
+                              c.value("Jours").toString(),
+                              c.value("Heures").toString(),
+                              Rapport::montant(c.value("Salaire Brut").toDouble()),
+                              Rapport::montant(c.value("Salaire Net").toDouble())};
+    rapport.tableau(
+        {ColonneRapport::montant(QStringLiteral("N°"), 7), ColonneRapport::texte(QStringLiteral("Début"), 13),
+         ColonneRapport::texte(QStringLiteral("Fin"), 13), ColonneRapport::texte(QStringLiteral("Employeur")),
+         ColonneRapport::montant(QStringLiteral("Jours"), 7), ColonneRapport::montant(QStringLiteral("Heures"), 8),
+         ColonneRapport::montant(QStringLiteral("Brut"), 14), ColonneRapport::montant(QStringLiteral("Net"), 14)},
+        lignes,
+        {QString(), QString(), QString(), QStringLiteral("Totaux"), jours, heures,
+         Rapport::montant(contrats.totalBruts), Rapport::montant(contrats.totalNets)},
+        Rapport::TailleTableauDense);
+    rapport.ligne(QStringLiteral("Nombre de contrats"), nombre(liste.size()));
+    return true;
+}
+
+} // namespace corvane

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+namespace corvane {
+
+class Rapport;
+class Reglages;
+struct FiltreContrats;
+
+// The parts of the record reports the user wants printed (the "…_Impressions…"
+// settings), so that the reports can be composed without the settings store.
+struct ChoixImpressions
+{
+    // The printed summary of the profile.
+    bool photo = true;
+    bool etatCivil = true;
+    bool personnelles = true;
+    bool administratives = true;
+    bool autoEntrepreneur = true;
+    bool rib = true;
+    // The employers' report.
+    bool listeEmployeurs = true;
+    bool cumulsEmployeurs = true;
+    // The contracts' report.
+    bool listeContrats = true;
+
+    static ChoixImpressions depuis(const Reglages& reglages);
+};
+
+// The file names the reports are exported under (without ".pdf").
+// "Relevé d'informations 21 11 2026": day, month and year, without zeros in front.
+QString nomRapportProfil(const QDate& jour);
+QString nomRapportEmployeurs(); // "Liste des employeurs"
+QString nomRapportContrats();   // "Liste des contrats"
+
+// Each composes its report into `rapport` from the document at `document`, and
+// returns false (nothing composed) when the document cannot be read.
+
+// The printed summary of the profile, ending with the stamp bearing the user's name.
+bool composerRapportProfil(Rapport& rapport, const QString& document, const ChoixImpressions& choix);
+// The employers' list and each employer's totals.
+bool composerRapportEmployeurs(Rapport& rapport, const QString& document, const ChoixImpressions& choix);
+// The contracts the filter lists, in its order, with their totals.
+bool composerRapportContrats(Rapport& rapport, const QString& document, const ChoixImpressions& choix,
+                             const FiltreContrats& filtre);
+
+} // namespace corvane
