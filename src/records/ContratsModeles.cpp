@@ -32,11 +32,6 @@ QString montant(double valeur)
     return QString::asprintf("%2.2f", valeur);
 }
 
-QString nonNul(const QString& texte)
-{
-    return texte.isNull() ? QStringLiteral("") : texte;
-}
-
 } // namespace
 
 ContratsModeles::ContratsModeles(const QString& chemin) : Intermittent(chemin) {}
@@ -85,7 +80,7 @@ int ContratsModeles::enregistreContratsModele(const ContratModele& m)
                                        .arg(m.heures)
                                        .arg(montant(m.salaireBrut), montant(m.salaireNet))
                                        .arg(uint(m.employeurId)),
-                                   {nonNul(m.libelle)});
+                                   {texteNonNul(m.libelle)});
     return code == SQLITE_DONE ? int(m_db.dernierIdInsere()) : 0;
 }
 
@@ -101,7 +96,7 @@ bool ContratsModeles::modifieContratsModele(const ContratModele& m)
                              .arg(montant(m.salaireBrut), montant(m.salaireNet))
                              .arg(uint(m.employeurId))
                              .arg(uint(m.id)),
-                         {nonNul(m.libelle)}) == SQLITE_DONE;
+                         {texteNonNul(m.libelle)}) == SQLITE_DONE;
 }
 
 bool ContratsModeles::enregistreComplements(const ContratModele& m)
@@ -113,7 +108,7 @@ bool ContratsModeles::enregistreComplements(const ContratModele& m)
                              .arg(uint(m.fraisTypeId))
                              .arg(montant(m.fraisMontant))
                              .arg(uint(m.id)),
-                         {nonNul(m.fraisDetails)}) == SQLITE_DONE;
+                         {texteNonNul(m.fraisDetails)}) == SQLITE_DONE;
 }
 
 bool ContratsModeles::supprimeContratsModele(int id)

@@ -35,11 +35,6 @@ const QList<QPair<QString, QString>>& colonnesEtCles()
     return liste;
 }
 
-QString nonNul(const QString& texte)
-{
-    return texte.isNull() ? QStringLiteral("") : texte;
-}
-
 } // namespace
 
 Employeurs::Employeurs(const QString& chemin) : Intermittent(chemin) {}
@@ -118,7 +113,7 @@ int Employeurs::compteLesEmployeursAvecRaisonSocialeCommune(const QString& raiso
 {
     return int(m_db.entier(QStringLiteral("SELECT COUNT(*) AS nombreEmployeurs FROM employeurs WHERE "
                                           "e_raison_sociale=? AND e_commune=?;"),
-                           {nonNul(raisonSociale), nonNul(commune)}));
+                           {texteNonNul(raisonSociale), texteNonNul(commune)}));
 }
 
 int Employeurs::compteLesEmployeursParModeleDeContrat(int modeleId)
@@ -132,7 +127,7 @@ int Employeurs::existanceEmployeur(const QString& raisonSociale, const QString& 
 {
     return int(m_db.entier(QStringLiteral("SELECT COUNT(*) AS nombreEmployeurs FROM employeurs WHERE "
                                           "(e_raison_sociale = ? AND e_codepostal = ? AND e_commune = ?);"),
-                           {nonNul(raisonSociale), nonNul(codePostal), nonNul(commune)}));
+                           {texteNonNul(raisonSociale), texteNonNul(codePostal), texteNonNul(commune)}));
 }
 
 int Employeurs::compteLesContrats(int id)
@@ -157,10 +152,11 @@ QString Employeurs::refusEnregistrement(const Employeur& e)
     if (e.raisonSociale.trimmed().isEmpty())
         return messageRaisonSocialeObligatoire();
     // Same name in another town (or postal code) is another employer.
-    const int autres = int(m_db.entier(QStringLiteral("SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = ? AND "
-                                                      "e_codepostal = ? AND e_commune = ? AND e_id <> %1;")
-                                           .arg(uint(e.id)),
-                                       {nonNul(e.raisonSociale), nonNul(e.codePostal), nonNul(e.commune)}));
+    const int autres =
+        int(m_db.entier(QStringLiteral("SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = ? AND "
+                                       "e_codepostal = ? AND e_commune = ? AND e_id <> %1;")
+                            .arg(uint(e.id)),
+                        {texteNonNul(e.raisonSociale), texteNonNul(e.codePostal), texteNonNul(e.commune)}));
     return autres > 0 ? messageExisteDeja() : QString();
 }
 
@@ -172,8 +168,8 @@ int Employeurs::enregistreEmployeur(const Employeur& e)
                        "?, ?, ?, ?, %1, %2);")
             .arg(uint(e.contratModeleId))
             .arg(uint(e.conventionne)),
-        {nonNul(e.raisonSociale), nonNul(e.adresse), nonNul(e.codePostal), nonNul(e.commune), nonNul(e.email),
-         nonNul(e.interlocuteur), nonNul(e.telephone), nonNul(e.fax)});
+        {texteNonNul(e.raisonSociale), texteNonNul(e.adresse), texteNonNul(e.codePostal), texteNonNul(e.commune),
+         texteNonNul(e.email), texteNonNul(e.interlocuteur), texteNonNul(e.telephone), texteNonNul(e.fax)});
     return code == SQLITE_DONE ? int(m_db.dernierIdInsere()) : 0;
 }
 
@@ -184,9 +180,9 @@ bool Employeurs::modifieEmployeur(const Employeur& e)
                                         "e_contratmodele_id=%1, e_conventionne=%2 WHERE e_id=?;")
                              .arg(uint(e.contratModeleId))
                              .arg(uint(e.conventionne)),
-                         {nonNul(e.raisonSociale), nonNul(e.adresse), nonNul(e.codePostal), nonNul(e.commune),
-                          nonNul(e.email), nonNul(e.interlocuteur), nonNul(e.telephone), nonNul(e.fax), e.id}) ==
-           SQLITE_DONE;
+                         {texteNonNul(e.raisonSociale), texteNonNul(e.adresse), texteNonNul(e.codePostal),
+                          texteNonNul(e.commune), texteNonNul(e.email), texteNonNul(e.interlocuteur),
+                          texteNonNul(e.telephone), texteNonNul(e.fax), e.id}) == SQLITE_DONE;
 }
 
 bool Employeurs::enregistreComplements(const Employeur& e)
@@ -198,8 +194,8 @@ bool Employeurs::enregistreComplements(const Employeur& e)
                              .arg(uint(e.qualiteId))
                              .arg(uint(e.prospect))
                              .arg(uint(e.id)),
-                         {e.latitude, e.longitude, nonNul(e.siret), nonNul(e.licenceSpectacle), nonNul(e.couleur),
-                          nonNul(e.numeroGuso), nonNul(e.codeApe)}) == SQLITE_DONE;
+                         {e.latitude, e.longitude, texteNonNul(e.siret), texteNonNul(e.licenceSpectacle),
+                          texteNonNul(e.couleur), texteNonNul(e.numeroGuso), texteNonNul(e.codeApe)}) == SQLITE_DONE;
 }
 
 bool Employeurs::annuleContratsModeles(int modeleId)

@@ -6,15 +6,6 @@
 
 namespace corvane {
 
-namespace {
-
-QString nonNul(const QString& texte)
-{
-    return texte.isNull() ? QStringLiteral("") : texte;
-}
-
-} // namespace
-
 Periodes::Periodes(const QString& chemin) : Intermittent(chemin) {}
 
 const QStringList& Periodes::clesListe()
@@ -62,7 +53,7 @@ int Periodes::enregistrePeriode(const Periode& p)
         m_db.executer(QStringLiteral("INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes, p_conges, "
                                      "p_franchise_salaires, p_attente) VALUES ('%1', '%2', ?, ?, ?, ?, ?);")
                           .arg(Dates::versSQLite(p.debut), Dates::versSQLite(p.fin)),
-                      {nonNul(p.libelle), nonNul(p.notes), p.conges, p.franchiseSalaires, p.attente});
+                      {texteNonNul(p.libelle), texteNonNul(p.notes), p.conges, p.franchiseSalaires, p.attente});
     return code == SQLITE_DONE ? int(m_db.dernierIdInsere()) : 0;
 }
 
@@ -72,8 +63,8 @@ bool Periodes::modifiePeriode(const Periode& p)
                                         "p_notes=?, p_conges = ?, p_franchise_salaires = ?, p_attente = ? WHERE "
                                         "p_id=?;")
                              .arg(Dates::versSQLite(p.debut), Dates::versSQLite(p.fin)),
-                         {nonNul(p.libelle), nonNul(p.notes), p.conges, p.franchiseSalaires, p.attente, p.id}) ==
-           SQLITE_DONE;
+                         {texteNonNul(p.libelle), texteNonNul(p.notes), p.conges, p.franchiseSalaires, p.attente,
+                          p.id}) == SQLITE_DONE;
 }
 
 bool Periodes::supprimePeriode(int id)

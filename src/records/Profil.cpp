@@ -9,12 +9,6 @@ namespace corvane {
 
 namespace {
 
-// A null text would be stored as NULL: an emptied field is stored as ''.
-QString nonNul(const QString& texte)
-{
-    return texte.isNull() ? QStringLiteral("") : texte;
-}
-
 QString montant(double valeur)
 {
     return QString::asprintf("%2.2f", valeur);
@@ -141,7 +135,7 @@ bool Profil::enregistreValeur(const char* colonne, const QVariant& valeur)
 
 bool Profil::enregistreTexte(const char* colonne, const QString& texte)
 {
-    return enregistreValeur(colonne, nonNul(texte));
+    return enregistreValeur(colonne, texteNonNul(texte));
 }
 
 // clang-format off
@@ -219,30 +213,30 @@ bool Profil::enregistrement()
             .arg(uint(d.abattementId))
             .arg(d.nombreEnfants);
     const QVariantList valeurs{
-        nonNul(d.nom),
-        nonNul(d.prenom),
-        nonNul(d.pseudonyme),
-        nonNul(d.telephone),
-        nonNul(d.nir),
-        nonNul(d.adresse),
-        nonNul(d.codePostal),
-        nonNul(d.commune),
-        nonNul(d.identifiantAssedic),
-        nonNul(d.congesSpectacles),
-        nonNul(d.guso),
-        nonNul(d.audiens),
-        nonNul(d.email),
-        nonNul(d.lieuNaissance),
-        nonNul(d.nationalite),
-        nonNul(d.pays),
-        nonNul(d.fax),
-        nonNul(d.carteIdentite),
-        nonNul(d.permisConduire),
-        nonNul(d.telephoneMobile),
-        nonNul(d.ribEtablissement),
-        nonNul(d.ribGuichet),
-        nonNul(d.ribCompte),
-        nonNul(d.ribCle),
+        texteNonNul(d.nom),
+        texteNonNul(d.prenom),
+        texteNonNul(d.pseudonyme),
+        texteNonNul(d.telephone),
+        texteNonNul(d.nir),
+        texteNonNul(d.adresse),
+        texteNonNul(d.codePostal),
+        texteNonNul(d.commune),
+        texteNonNul(d.identifiantAssedic),
+        texteNonNul(d.congesSpectacles),
+        texteNonNul(d.guso),
+        texteNonNul(d.audiens),
+        texteNonNul(d.email),
+        texteNonNul(d.lieuNaissance),
+        texteNonNul(d.nationalite),
+        texteNonNul(d.pays),
+        texteNonNul(d.fax),
+        texteNonNul(d.carteIdentite),
+        texteNonNul(d.permisConduire),
+        texteNonNul(d.telephoneMobile),
+        texteNonNul(d.ribEtablissement),
+        texteNonNul(d.ribGuichet),
+        texteNonNul(d.ribCompte),
+        texteNonNul(d.ribCle),
     };
     return m_db.executer(sql, valeurs) == SQLITE_DONE;
 }

@@ -15,6 +15,12 @@ namespace corvane {
 using Ligne = QVariantMap;
 using Lignes = QList<Ligne>;
 
+// A null text binds as NULL; the documents' text columns want '' for an empty field.
+inline QString texteNonNul(const QString& texte)
+{
+    return texte.isNull() ? QStringLiteral("") : texte;
+}
+
 // Builds rows whose keys are known in advance. The keys are sorted once; each row is
 // then filled in key order at the end of its map, which spares the key comparisons
 // of ordinary inserts in listings of thousands of rows.
