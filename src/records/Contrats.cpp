@@ -74,6 +74,33 @@ void Contrats::modifieContrat(int id)
     m_db.executer(sql, {dates, note, fonction, id});
 }
 
+QVariantList Contrats::valeursEcran() const
+{
+    return {employeurId,
+            emploi,
+            Dates::versSQLite(dateDebut),
+            Dates::versSQLite(dateFin),
+            heures,
+            auCentime(brut),
+            auCentime(net),
+            abattement,
+            jours,
+            dates,
+            effectue,
+            contratPaye,
+            note,
+            type,
+            fonction,
+            conges,
+            datesTravaillees,
+            fraisLies,
+            auCentime(netAPayer),
+            anneeEncaissement,
+            lieu,
+            aemFp,
+            auCentime(pas)};
+}
+
 int Contrats::enregistreContratDepuisEcran()
 {
     const QString sql = QStringLiteral(
@@ -82,30 +109,7 @@ int Contrats::enregistreContratDepuisEcran()
         "c_type, c_fonction, c_conges, c_dates_travaillees, c_frais_lies, c_salaire_net_a_payer, "
         "c_annee_encaissement, c_lieu, c_aem_fp, c_pas) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
         "?, ?, ?, ?, ?);");
-    const QVariantList valeurs{employeurId,
-                               emploi,
-                               Dates::versSQLite(dateDebut),
-                               Dates::versSQLite(dateFin),
-                               heures,
-                               auCentime(brut),
-                               auCentime(net),
-                               abattement,
-                               jours,
-                               dates,
-                               effectue,
-                               contratPaye,
-                               note,
-                               type,
-                               fonction,
-                               conges,
-                               datesTravaillees,
-                               fraisLies,
-                               auCentime(netAPayer),
-                               anneeEncaissement,
-                               lieu,
-                               aemFp,
-                               auCentime(pas)};
-    if (m_db.executer(sql, valeurs) != SQLITE_DONE)
+    if (m_db.executer(sql, valeursEcran()) != SQLITE_DONE)
         return 0;
     return int(m_db.dernierIdInsere());
 }
@@ -118,30 +122,7 @@ void Contrats::modifieContratDepuisEcran(int id)
         "c_liste_dates = ?, c_effectue = ?, c_paye = ?, c_note = ?, c_type = ?, c_fonction = ?, c_conges = ?, "
         "c_dates_travaillees = ?, c_frais_lies = ?, c_salaire_net_a_payer = ?, c_annee_encaissement = ?, c_lieu = ?, "
         "c_aem_fp = ?, c_pas = ? WHERE c_id = ?;");
-    m_db.executer(sql, {employeurId,
-                        emploi,
-                        Dates::versSQLite(dateDebut),
-                        Dates::versSQLite(dateFin),
-                        heures,
-                        auCentime(brut),
-                        auCentime(net),
-                        abattement,
-                        jours,
-                        dates,
-                        effectue,
-                        contratPaye,
-                        note,
-                        type,
-                        fonction,
-                        conges,
-                        datesTravaillees,
-                        fraisLies,
-                        auCentime(netAPayer),
-                        anneeEncaissement,
-                        lieu,
-                        aemFp,
-                        auCentime(pas),
-                        id});
+    m_db.executer(sql, valeursEcran() << id);
 }
 
 bool Contrats::chargeContrat(int id)

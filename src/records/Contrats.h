@@ -123,6 +123,8 @@ public:
     }
 
 private:
+    // The 23 values of the screen's statements, in their column order.
+    QVariantList valeursEcran() const;
     Ligne ligneDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const;
     void calculeLesTotaux(const QString& tri);
 };

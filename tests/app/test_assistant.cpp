@@ -2,6 +2,7 @@
 // is then read back with SQLite.
 
 #include "app/AssistantNouveauDocument.h"
+#include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -19,10 +20,6 @@
 using namespace corvane;
 using namespace corvane::app;
 using namespace corvane::test;
-
-namespace {
-QTemporaryDir* g_maison = nullptr;
-}
 
 class TestAssistant : public QObject
 {
@@ -393,17 +390,6 @@ private slots:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    // The user's real folders are never touched: Documents and the settings live here.
-    QTemporaryDir maison;
-    g_maison = &maison;
-    qputenv("HOME", maison.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
-    QApplication application(argc, argv);
-    TestAssistant test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANE_MAIN_GUI(TestAssistant)
 
 #include "test_assistant.moc"

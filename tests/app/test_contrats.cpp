@@ -8,6 +8,7 @@
 #include "app/contrats/ListeContrats.h"
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/contrats/SectionContrats.h"
+#include "commun/MaisonTemporaire.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -33,7 +34,6 @@ using namespace corvane::app;
 using namespace corvane::test;
 
 namespace {
-QTemporaryDir* g_maison = nullptr;
 
 QString euros(double montant)
 {
@@ -439,17 +439,6 @@ private slots:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    // The user's real folders are never touched: Documents and the settings live here.
-    QTemporaryDir maison;
-    g_maison = &maison;
-    qputenv("HOME", maison.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
-    QApplication application(argc, argv);
-    TestContratsEcran test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANE_MAIN_GUI(TestContratsEcran)
 
 #include "test_contrats.moc"

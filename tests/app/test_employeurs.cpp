@@ -6,6 +6,7 @@
 #include "app/employeurs/CumulsEmployeurs.h"
 #include "app/employeurs/FenetreModeles.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
 #include "records/Employeurs.h"
 #include "store/Horloge.h"
@@ -30,10 +31,6 @@
 using namespace corvane;
 using namespace corvane::app;
 using namespace corvane::test;
-
-namespace {
-QTemporaryDir* g_maison = nullptr;
-}
 
 class TestEmployeursEcran : public QObject
 {
@@ -321,16 +318,6 @@ private slots:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    QTemporaryDir maison;
-    g_maison = &maison;
-    qputenv("HOME", maison.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
-    QApplication application(argc, argv);
-    TestEmployeursEcran test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANE_MAIN_GUI(TestEmployeursEcran)
 
 #include "test_employeurs.moc"

@@ -5,6 +5,7 @@
 #include "app/Environnement.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
 #include "app/periodes/FenetrePeriodes.h"
+#include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -24,10 +25,6 @@
 using namespace corvane;
 using namespace corvane::app;
 using namespace corvane::test;
-
-namespace {
-QTemporaryDir* g_maison = nullptr;
-}
 
 class TestPeriodesEcran : public QObject
 {
@@ -182,16 +179,6 @@ private slots:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    QTemporaryDir maison;
-    g_maison = &maison;
-    qputenv("HOME", maison.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
-    QApplication application(argc, argv);
-    TestPeriodesEcran test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANE_MAIN_GUI(TestPeriodesEcran)
 
 #include "test_periodes.moc"

@@ -5,6 +5,7 @@
 #include "app/PanneauPreferencesAlertes.h"
 #include "app/PanneauPreferencesGeneral.h"
 #include "app/PanneauPreferencesSauvegardes.h"
+#include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -26,7 +27,6 @@ using namespace corvane::app;
 using namespace corvane::test;
 
 namespace {
-QTemporaryDir* g_maison = nullptr;
 
 // A pane of a later issue, which tells its changes the usual way.
 class PanneauEssai : public QWidget
@@ -385,17 +385,6 @@ private slots:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    // The user's real folders are never touched: Documents and the settings live here.
-    QTemporaryDir maison;
-    g_maison = &maison;
-    qputenv("HOME", maison.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
-    QApplication application(argc, argv);
-    TestPreferences test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANE_MAIN_GUI(TestPreferences)
 
 #include "test_preferences.moc"

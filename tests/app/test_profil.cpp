@@ -4,6 +4,7 @@
 
 #include "app/Environnement.h"
 #include "app/profil/FenetreProfil.h"
+#include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -24,10 +25,6 @@
 using namespace corvane;
 using namespace corvane::app;
 using namespace corvane::test;
-
-namespace {
-QTemporaryDir* g_maison = nullptr;
-}
 
 class TestProfilEcran : public QObject
 {
@@ -253,17 +250,6 @@ private slots:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    // The user's real folders are never touched: Documents and the settings live here.
-    QTemporaryDir maison;
-    g_maison = &maison;
-    qputenv("HOME", maison.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
-    QApplication application(argc, argv);
-    TestProfilEcran test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANE_MAIN_GUI(TestProfilEcran)
 
 #include "test_profil.moc"

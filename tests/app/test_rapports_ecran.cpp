@@ -11,6 +11,7 @@
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/profil/FenetreProfil.h"
+#include "commun/MaisonTemporaire.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
@@ -26,10 +27,6 @@
 using namespace corvane;
 using namespace corvane::app;
 using namespace corvane::test;
-
-namespace {
-QTemporaryDir* g_maison = nullptr;
-} // namespace
 
 class TestRapportsEcran : public QObject
 {
@@ -184,17 +181,6 @@ private slots:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    // The user's real folders are never touched: Documents and the settings live here.
-    QTemporaryDir maison;
-    g_maison = &maison;
-    qputenv("HOME", maison.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (maison.path() + "/.config").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (maison.path() + "/Documents").toUtf8());
-    QApplication application(argc, argv);
-    TestRapportsEcran test;
-    return QTest::qExec(&test, argc, argv);
-}
+CORVANE_MAIN_GUI(TestRapportsEcran)
 
 #include "test_rapports_ecran.moc"
