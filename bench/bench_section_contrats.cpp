@@ -30,7 +30,9 @@ void ouvertureSectionContrats(benchmark::State& etat)
         chrono.start();
         app::SectionContrats section(environnement);
         section.resize(1000, 700);
-        section.setFile(g_document);
+        Document document;
+        document.ouvrir(g_document);
+        section.setDocument(&document);
         section.show();
         // Painting the section into a picture runs the layout and the paint of the list.
         benchmark::DoNotOptimize(section.grab());

@@ -13,6 +13,7 @@
 #include "app/profil/FenetreProfil.h"
 
 #include "store/Dialogues.h"
+#include "store/Document.h"
 #include "store/Fichiers.h"
 #include "store/Horloge.h"
 #include "store/Rappels.h"
@@ -51,6 +52,11 @@ ControleurApplication::ControleurApplication(Reglages& reglages, Dialogues& dial
       m_paletteSysteme(QApplication::palette())
 {
     connecter();
+}
+
+ControleurApplication::~ControleurApplication()
+{
+    m_fenetre.setDocument(nullptr);
 }
 
 QString ControleurApplication::messageSansDocument()
@@ -263,24 +269,19 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
     QDialog* fenetre = nullptr;
     switch (quoi) {
     case FenetreDossier::Profil:
-        fenetre = new FenetreProfil(environnement, m_document, &m_fenetre);
+        fenetre = new FenetreProfil(environnement, m_documentOuvert.get(), &m_fenetre);
         break;
     case FenetreDossier::Periodes:
-        fenetre = new FenetrePeriodes(environnement, m_document, &m_fenetre);
+        fenetre = new FenetrePeriodes(environnement, *m_documentOuvert, &m_fenetre);
         break;
     case FenetreDossier::NouvellePeriode:
-        fenetre = new AssistantNouvellePeriode(environnement, m_document, &m_fenetre);
+        fenetre = new AssistantNouvellePeriode(environnement, *m_documentOuvert, &m_fenetre);
         break;
     case FenetreDossier::ModelesContrats:
-        fenetre = new FenetreModeles(environnement, m_document, &m_fenetre);
+        fenetre = new FenetreModeles(environnement, *m_documentOuvert, &m_fenetre);
         break;
     }
     fenetre->setAttribute(Qt::WA_DeleteOnClose);
-    // What these windows change (profile defaults, periods, templates) shows in the sections.
-    connect(fenetre, &QDialog::finished, this, [this] {
-        m_fenetre.setFile(m_document);
-        majAlertes();
-    });
     fenetre->open();
     return fenetre;
 }
@@ -309,11 +310,22 @@ bool ControleurApplication::ouvrir(const QString& chemin)
 
 void ControleurApplication::didOpenFile(const QString& chemin)
 {
+    auto document = std::make_unique<Document>();
+    if (!document->ouvrir(chemin)) {
+        m_dialogues.information(QStringLiteral("Ouverture de fichier"),
+                                QStringLiteral("Le fichier « %1 » ne peut pas être ouvert.").arg(chemin),
+                                QStringLiteral("Fermer"));
+        return;
+    }
+    // What any screen or window writes may change the reminders.
+    connect(document.get(), &Document::tablesModifiees, this, &ControleurApplication::majAlertes);
+    // The pages leave the previous document before it closes.
+    m_fenetre.setDocument(document.get());
+    m_documentOuvert = std::move(document);
     m_document = chemin;
     Sauvegardes::addFileToPreferences(chemin, m_reglages);
     m_reglages.ecrire(Cle::FichierPath, chemin);
     m_fenetre.setTitreDocument(chemin);
-    m_fenetre.setFile(chemin);
     m_verrouille = Verrou::isFileLocked(chemin);
     m_fenetre.setBoutonVerrou(m_verrouille);
     m_fenetre.setVerrouille(m_verrouille);
@@ -333,7 +345,8 @@ void ControleurApplication::fileWillClose()
     m_document.clear();
     m_verrouille = false;
     m_fenetre.setTitreDocument(QString());
-    m_fenetre.setFile(QString());
+    m_fenetre.setDocument(nullptr);
+    m_documentOuvert.reset();
     m_fenetre.setVerrouille(false);
     m_fenetre.afficherSection(Section::Fichiers);
     majAlertes();

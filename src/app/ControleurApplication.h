@@ -6,11 +6,13 @@
 #include <QObject>
 #include <QPalette>
 #include <QString>
+#include <memory>
 
 class QDialog;
 
 namespace corvane {
 class Dialogues;
+class Document;
 class Reglages;
 } // namespace corvane
 
@@ -30,11 +32,14 @@ class ControleurApplication : public QObject
 
 public:
     ControleurApplication(Reglages& reglages, Dialogues& dialogues, FenetrePrincipale& fenetre);
+    ~ControleurApplication() override;
 
     // The start-up sequence; false when the user chose to quit.
     bool demarrer(const QString& documentDemande = QString());
 
     const QString& document() const { return m_document; }
+    // The open document's object, which every screen works through (none: nullptr).
+    Document* documentOuvert() const { return m_documentOuvert.get(); }
 
     // Opening from the files section, the platform or the command line; true when
     // another document is now open.
@@ -76,6 +81,7 @@ private:
     Dialogues& m_dialogues;
     FenetrePrincipale& m_fenetre;
     QString m_document;
+    std::unique_ptr<Document> m_documentOuvert;
     bool m_verrouille = false;
     // The palette the platform gave, restored when the user goes back to the system's appearance.
     QPalette m_paletteSysteme;

@@ -189,10 +189,10 @@ void FenetrePrincipale::setTitreDocument(const QString& chemin)
     m_boutonVerrou->setEnabled(!chemin.isEmpty());
 }
 
-void FenetrePrincipale::setFile(const QString& chemin)
+void FenetrePrincipale::setDocument(Document* document)
 {
     for (PageSection* p : m_pages)
-        p->setFile(chemin);
+        p->setDocument(document);
 }
 
 PageSection* FenetrePrincipale::page(Section section) const

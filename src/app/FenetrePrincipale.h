@@ -12,6 +12,10 @@ class QListWidget;
 class QStackedWidget;
 class QToolButton;
 
+namespace corvane {
+class Document;
+}
+
 namespace corvane::app {
 
 class PageSection;
@@ -39,7 +43,8 @@ public:
     Environnement& environnement() const { return m_environnement; }
 
     void setTitreDocument(const QString& chemin);
-    void setFile(const QString& chemin);
+    // Every page shows this document from now on (none: nullptr); only the visible one reads it now.
+    void setDocument(Document* document);
     void afficherSection(Section section);
     Section sectionAffichee() const;
     void majAlertes(const Rappels& rappels);

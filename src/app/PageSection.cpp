@@ -1,7 +1,10 @@
 #include "app/PageSection.h"
 
+#include "store/Document.h"
+
 #include <QLabel>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace corvane::app {
 
@@ -21,9 +24,43 @@ PageSection::PageSection(Section section, QWidget* parent) : QWidget(parent), m_
     mise->addLayout(m_contenu, 1);
 }
 
-void PageSection::setFile(const QString& chemin)
+void PageSection::setDocument(Document* document)
 {
-    m_chemin = chemin;
+    if (m_document)
+        disconnect(m_document, nullptr, this, nullptr);
+    m_document = document;
+    if (document)
+        connect(document, &Document::tablesModifiees, this, &PageSection::tablesModifiees);
+    m_perimee = true;
+    m_ignorer = false;
+    rechargerSiVisible();
+}
+
+QString PageSection::cheminDuFichier() const
+{
+    return m_document ? m_document->chemin() : QString();
+}
+
+void PageSection::tablesModifiees(const QSet<QString>& tables)
+{
+    if (std::exchange(m_ignorer, false) || !tables.intersects(tablesLues()))
+        return;
+    m_perimee = true;
+    rechargerSiVisible();
+}
+
+void PageSection::rechargerSiVisible()
+{
+    if (!m_perimee || !isVisible())
+        return;
+    m_perimee = false;
+    recharger();
+}
+
+void PageSection::showEvent(QShowEvent* evenement)
+{
+    QWidget::showEvent(evenement);
+    rechargerSiVisible();
 }
 
 PageAVenir::PageAVenir(Section section, QWidget* parent) : PageSection(section, parent)

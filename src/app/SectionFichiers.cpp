@@ -112,11 +112,10 @@ void SectionFichiers::setDerniereSauvegarde(const QDate& date)
                                       : QStringLiteral("Aucune copie de sauvegarde n'a encore été faite."));
 }
 
-void SectionFichiers::setFile(const QString& chemin)
+void SectionFichiers::recharger()
 {
-    PageSection::setFile(chemin);
-    m_sauvegarder->setEnabled(!chemin.isEmpty());
-    if (chemin.isEmpty())
+    m_sauvegarder->setEnabled(document() != nullptr);
+    if (!document())
         m_derniereSauvegarde->setText(QStringLiteral("Aucun fichier ouvert."));
 }
 

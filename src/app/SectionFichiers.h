@@ -21,7 +21,6 @@ public:
 
     void afficherFichiersConnus(const QStringList& chemins);
     void setDerniereSauvegarde(const QDate& date);
-    void setFile(const QString& chemin) override;
     QString fichierSelectionne() const;
 
 signals:
@@ -30,6 +29,9 @@ signals:
     void nouveauDocumentDemande();
     void autreDocumentDemande();
     void sauvegardeDemandee();
+
+protected:
+    void recharger() override;
 
 private:
     void majBoutons();

@@ -1,6 +1,7 @@
 #include "app/SectionVerrou.h"
 
-#include "store/Intermittent.h"
+#include "records/Profil.h"
+#include "store/Document.h"
 #include "store/Verrou.h"
 
 #include <QFileInfo>
@@ -54,21 +55,19 @@ SectionVerrou::SectionVerrou(QWidget* parent) : PageSection(Section::Verrou, par
     connect(m_motDePasse, &QLineEdit::textEdited, this, [this] { signalerErreur(m_motDePasse, false); });
 }
 
-void SectionVerrou::setFile(const QString& chemin)
+void SectionVerrou::recharger()
 {
-    PageSection::setFile(chemin);
     m_motDePasse->clear();
     signalerErreur(m_motDePasse, false);
-    m_fichier->setText(QFileInfo(chemin).fileName());
-    if (chemin.isEmpty()) {
+    m_fichier->setText(QFileInfo(cheminDuFichier()).fileName());
+    if (!document()) {
         m_utilisateur->clear();
         return;
     }
-    Intermittent document(chemin);
-    Requete r(document.db(), QStringLiteral("SELECT u_prenom, u_nom FROM utilisateur WHERE u_id = 1;"));
-    const bool lu = r.suivante();
-    const QString prenom = lu ? r.texte(0) : QString();
-    const QString nom = lu ? r.texte(1) : QString();
+    Profil profil(document()->base());
+    profil.initDepuisLaTableV4();
+    const QString prenom = profil.donnees().prenom;
+    const QString nom = profil.donnees().nom;
     if (prenom.isEmpty() && nom.isEmpty())
         m_utilisateur->setText(QStringLiteral("Profil incomplet"));
     else if (prenom.isEmpty() || nom.isEmpty())

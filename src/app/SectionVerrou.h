@@ -14,12 +14,15 @@ class SectionVerrou : public PageSection
 
 public:
     explicit SectionVerrou(QWidget* parent = nullptr);
-    void setFile(const QString& chemin) override;
     // Checks the typed password; a wrong one turns the field light red.
     void deverrouiller();
 
 signals:
     void deverrouille();
+
+protected:
+    QSet<QString> tablesLues() const override { return {"utilisateur"}; }
+    void recharger() override;
 
 private:
     QLabel* m_fichier = nullptr;

@@ -3,38 +3,18 @@
 #include "cli/Affichage.h"
 #include "cli/CommandeContrat.h"
 #include "cli/CommandeEnregistrements.h"
+#include "cli/FluxJson.h"
 
 #include "records/Contrats.h"
 #include "store/Reglages.h"
 #include "store/Schema.h"
 
 #include <QFileInfo>
-#include <QJsonArray>
 #include <QJsonObject>
-#include <charconv>
 
 namespace corvane::cli {
 
 namespace {
-
-// Single-precision amounts are written with the digits they hold, not their double expansion.
-QJsonValue valeurJson(const QVariant& valeur)
-{
-    switch (valeur.typeId()) {
-    case QMetaType::Float: {
-        char texte[32];
-        const auto fin = std::to_chars(texte, texte + sizeof texte, valeur.toFloat());
-        return QByteArray(texte, int(fin.ptr - texte)).toDouble();
-    }
-    case QMetaType::Double:
-        return valeur.toDouble();
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-        return valeur.toLongLong();
-    default:
-        return valeur.toString();
-    }
-}
 
 class CommandeContratLister : public CommandeEnregistrements
 {
@@ -68,32 +48,29 @@ protected:
             Requete(contrats.db(), "SELECT c_aem_fp, c_pas, c_lieu, c_annee_encaissement, e_guso, (SELECT "
                                    "COUNT(frais_id) FROM contrats_frais) FROM contrats JOIN employeurs LIMIT 0;")
                 .estPreparee();
-        const Lignes lignes = contrats.listeLesContrats(filtre, colonnesEcran);
+        const Table table = contrats.listeLesContrats(filtre, colonnesEcran);
 
         if (contexte.json) {
-            QJsonArray rangees;
-            for (const Ligne& ligne : lignes) {
-                QJsonObject objet;
-                for (auto it = ligne.cbegin(); it != ligne.cend(); ++it)
-                    objet.insert(it.key(), valeurJson(it.value()));
-                rangees.append(objet);
-            }
-            ecrireJson(contexte,
-                       {{"contrats", rangees},
-                        {"totaux", QJsonObject{{"nombrePeriodesGroupees", qint64(contrats.nombrePeriodesGroupees)},
-                                               {"totalHeures", qint64(contrats.totalHeures)},
-                                               {"totalJours", qint64(contrats.totalJours)},
-                                               {"totalBruts", contrats.totalBruts},
-                                               {"totalNets", contrats.totalNets}}}});
+            FluxJson(contexte.sortie)
+                .ecrireObjet(
+                    {{"contrats", {}, &table},
+                     {"totaux", QJsonObject{{"nombrePeriodesGroupees", qint64(contrats.nombrePeriodesGroupees)},
+                                            {"totalHeures", qint64(contrats.totalHeures)},
+                                            {"totalJours", qint64(contrats.totalJours)},
+                                            {"totalBruts", contrats.totalBruts},
+                                            {"totalNets", contrats.totalNets}}}});
             return Succes;
         }
-        for (const Ligne& l : lignes)
-            contexte.sortie << l.value("Id Contrat").toInt() << "  " << l.value("Date Debut").toString() << " – "
-                            << l.value("Date Fin").toString() << "  " << l.value("Employeur").toString() << "  "
-                            << l.value("Emploi").toString() << "  " << l.value("Jours").toInt() << " j  "
-                            << l.value("Heures").toInt() << " h  " << enEuros(l.value("Salaire Brut").toDouble())
-                            << "  " << enEuros(l.value("Salaire Net").toDouble()) << '\n';
-        contexte.sortie << "Total : " << lignes.size() << " contrat(s), " << contrats.totalJours << " jour(s), "
+        const int id = table.colonne("Id Contrat"), debut = table.colonne("Date Debut"),
+                  fin = table.colonne("Date Fin"), employeur = table.colonne("Employeur"),
+                  emploi = table.colonne("Emploi"), jours = table.colonne("Jours"), heures = table.colonne("Heures"),
+                  brut = table.colonne("Salaire Brut"), net = table.colonne("Salaire Net");
+        for (const QVariantList& l : table.rangees)
+            contexte.sortie << l.at(id).toInt() << "  " << l.at(debut).toString() << " – " << l.at(fin).toString()
+                            << "  " << l.at(employeur).toString() << "  " << l.at(emploi).toString() << "  "
+                            << l.at(jours).toInt() << " j  " << l.at(heures).toInt() << " h  "
+                            << enEuros(l.at(brut).toDouble()) << "  " << enEuros(l.at(net).toDouble()) << '\n';
+        contexte.sortie << "Total : " << table.size() << " contrat(s), " << contrats.totalJours << " jour(s), "
                         << contrats.totalHeures << " heure(s), brut " << enEuros(contrats.totalBruts) << ", net "
                         << enEuros(contrats.totalNets) << " ; périodes groupées : " << contrats.nombrePeriodesGroupees
                         << Qt::endl;

@@ -1,5 +1,6 @@
 #include "cli/CommandeEnregistrements.h"
 #include "cli/Commandes.h"
+#include "cli/FluxJson.h"
 
 #include "records/ContratsModeles.h"
 #include "records/Employeurs.h"
@@ -112,18 +113,20 @@ private:
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         if (!documentAccessible(contexte, chemin, &code))
             return code;
-        const Lignes lignes = Employeurs(chemin).listeLesEmployeurs();
+        const Table table = Employeurs(chemin).listeLesEmployeurs();
         if (contexte.json) {
-            ecrireJson(contexte, {{"employeurs", versJson(lignes)}});
+            FluxJson(contexte.sortie).ecrireObjet({{"employeurs", {}, &table}});
             return Succes;
         }
-        for (const Ligne& l : lignes) {
-            contexte.sortie
-                << l.value("Id").toInt() << '\t' << l.value("Enseigne").toString() << '\t'
-                << QStringList{l.value("Code Postal").toString(), l.value("Commune").toString()}.join(' ').simplified()
-                << '\n';
+        for (qsizetype i = 0; i < table.size(); ++i) {
+            contexte.sortie << table.valeur(i, "Id").toInt() << '\t' << table.valeur(i, "Enseigne").toString() << '\t'
+                            << QStringList{table.valeur(i, "Code Postal").toString(),
+                                           table.valeur(i, "Commune").toString()}
+                                   .join(' ')
+                                   .simplified()
+                            << '\n';
         }
-        contexte.sortie << lignes.size() << (lignes.size() > 1 ? " employeurs" : " employeur") << Qt::endl;
+        contexte.sortie << table.size() << (table.size() > 1 ? " employeurs" : " employeur") << Qt::endl;
         return Succes;
     }
 

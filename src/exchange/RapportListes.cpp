@@ -61,7 +61,7 @@ QString descriptionFiltre(const FiltreContrats& filtre)
     return pieces.join(QStringLiteral(", "));
 }
 
-void listeEmployeurs(Rapport& rapport, const Lignes& employeurs)
+void listeEmployeurs(Rapport& rapport, const Table& employeurs)
 {
     rapport.section(QStringLiteral("Employeurs"));
     if (employeurs.isEmpty()) {
@@ -69,11 +69,11 @@ void listeEmployeurs(Rapport& rapport, const Lignes& employeurs)
         return;
     }
     QList<QStringList> lignes;
-    for (const Ligne& e : employeurs) {
-        const QString ville = joindre({e.value("Code Postal").toString(), e.value("Commune").toString()}, " ");
-        lignes << QStringList{e.value("Enseigne").toString(),
-                              joindre({e.value("Adresse").toString(), ville}, QStringLiteral(", ")),
-                              e.value("Telephone").toString(), e.value("Email").toString()};
+    for (qsizetype i = 0; i < employeurs.size(); ++i) {
+        const auto e = [&](const char* cle) { return employeurs.valeur(i, cle).toString(); };
+        const QString ville = joindre({e("Code Postal"), e("Commune")}, " ");
+        lignes << QStringList{e("Enseigne"), joindre({e("Adresse"), ville}, QStringLiteral(", ")), e("Telephone"),
+                              e("Email")};
     }
     rapport.tableau({ColonneRapport::texte(QStringLiteral("Enseigne"), 28), ColonneRapport::texte("Adresse"),
                      ColonneRapport::texte(QStringLiteral("Téléphone"), 17),
@@ -81,7 +81,7 @@ void listeEmployeurs(Rapport& rapport, const Lignes& employeurs)
                     lignes);
 }
 
-void cumulsEmployeurs(Rapport& rapport, Employeurs& modele, const Lignes& employeurs)
+void cumulsEmployeurs(Rapport& rapport, Employeurs& modele, const Table& employeurs)
 {
     rapport.section(QStringLiteral("Cumuls par employeur"));
     if (employeurs.isEmpty()) {
@@ -93,13 +93,13 @@ void cumulsEmployeurs(Rapport& rapport, Employeurs& modele, const Lignes& employ
     qint64 heures = 0;
     double bruts = 0;
     double nets = 0;
-    for (const Ligne& e : employeurs) {
-        const Ligne c = modele.cumulsPourEmployeur(e.value("Id").toInt());
+    for (qsizetype i = 0; i < employeurs.size(); ++i) {
+        const Ligne c = modele.cumulsPourEmployeur(employeurs.valeur(i, "Id").toInt());
         journees += c.value("Journées").toLongLong();
         heures += c.value("Heures").toLongLong();
         bruts += c.value("Salaires bruts").toDouble();
         nets += c.value("Salaires nets").toDouble();
-        lignes << QStringList{e.value("Enseigne").toString(), nombre(c.value("Journées").toLongLong()),
+        lignes << QStringList{employeurs.valeur(i, "Enseigne").toString(), nombre(c.value("Journées").toLongLong()),
                               nombre(c.value("Heures").toLongLong()),
                               Rapport::montant(c.value("Salaires bruts").toDouble()),
                               Rapport::montant(c.value("Salaires nets").toDouble())};
@@ -130,7 +130,7 @@ bool composerRapportEmployeurs(Rapport& rapport, const QString& document, const 
     Employeurs modele(document);
     if (!modele.estOuvert() || !modele.db().tableExiste(QStringLiteral("employeurs")))
         return false;
-    const Lignes employeurs = modele.listeLesEmployeurs();
+    const Table employeurs = modele.listeLesEmployeurs();
     rapport.titre(nomRapportEmployeurs());
     rapport.separateur();
     if (choix.listeEmployeurs)
@@ -151,7 +151,7 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
     if (!contrats.estOuvert() || !contrats.db().tableExiste(QStringLiteral("contrats")))
         return false;
     // The model's columns are all the report shows.
-    const Lignes liste = contrats.listeLesContrats(filtre, false);
+    const Table liste = contrats.listeLesContrats(filtre, false);
     rapport.titre(nomRapportContrats());
     rapport.separateur();
     rapport.paragraphe(descriptionFiltre(filtre));
@@ -169,15 +169,16 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
     }
     QList<QStringList> lignes;
     lignes.reserve(liste.size());
-    for (const Ligne& c : liste)
-        lignes << QStringList{c.value("Id Contrat").toString(),
-                              c.value("Date Debut").toString(),
-                              c.value("Date Fin").toString(),
-                              c.value("Employeur").toString(),
-                              c.value("Jours").toString(),
-                              c.value("Heures").toString(),
-                              Rapport::montant(c.value("Salaire Brut").toDouble()),
-                              Rapport::montant(c.value("Salaire Net").toDouble())};
+    const QList<int> colonnes{liste.colonne("Id Contrat"), liste.colonne("Date Debut"), liste.colonne("Date Fin"),
+                              liste.colonne("Employeur"),  liste.colonne("Jours"),      liste.colonne("Heures")};
+    const int brut = liste.colonne("Salaire Brut");
+    const int net = liste.colonne("Salaire Net");
+    for (const QVariantList& c : liste.rangees) {
+        QStringList ligne;
+        for (const int colonne : colonnes)
+            ligne << c.at(colonne).toString();
+        lignes << (ligne << Rapport::montant(c.at(brut).toDouble()) << Rapport::montant(c.at(net).toDouble()));
+    }
     rapport.tableau(
         {ColonneRapport::montant(QStringLiteral("N°"), 7), ColonneRapport::texte(QStringLiteral("Début"), 13),
          ColonneRapport::texte(QStringLiteral("Fin"), 13), ColonneRapport::texte(QStringLiteral("Employeur")),

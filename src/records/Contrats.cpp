@@ -34,6 +34,12 @@ Contrats::Contrats(const QString& chemin) : Intermittent(chemin)
     dateFin = Horloge::aujourdhui();
 }
 
+Contrats::Contrats(BaseDeDonnees& connexion) : Intermittent(connexion)
+{
+    dateDebut = Horloge::aujourdhui();
+    dateFin = Horloge::aujourdhui();
+}
+
 int Contrats::compteLesContrats()
 {
     return int(m_db.entier("SELECT COUNT(*) AS compteurContrats FROM contrats;"));

@@ -31,6 +31,7 @@ class Contrats : public Intermittent
 {
 public:
     explicit Contrats(const QString& chemin = QString());
+    explicit Contrats(BaseDeDonnees& connexion);
 
     // One contract, as the statements write it.
     int employeurId = 0;
@@ -88,10 +89,11 @@ public:
     // Removes each contract and the links of its expenses; the expenses stay.
     void supprimeContratsEtLiens(const QList<int>& ids);
 
-    // Rows keyed by the display keys; also sets the aggregates and clauseWhere.
+    // The rows under the display keys; also sets the aggregates and clauseWhere.
     // The screen's listing adds "Guso", "Annee Encaissement", "Lieu", "Id Frais Lie",
     // "AEM - FP" and "PAS" to the model's keys.
-    Lignes listeLesContrats(const FiltreContrats& filtre, bool colonnesEcran = true);
+    Table listeLesContrats(const FiltreContrats& filtre, bool colonnesEcran = true);
+    static const QStringList& clesListe(bool colonnesEcran);
     // The pieces of a listing, on their own.
     QString construitClauseWhere(const FiltreContrats& filtre);
     static QString ordreDeTri(const QString& sens, const QString& sensPrefere);
@@ -125,7 +127,7 @@ public:
 private:
     // The 23 values of the screen's statements, in their column order.
     QVariantList valeursEcran() const;
-    Ligne ligneDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const;
+    QVariantList valeursDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const;
     void calculeLesTotaux(const QString& tri);
 };
 

@@ -86,7 +86,35 @@ QString Contrats::construitClauseWhere(const FiltreContrats& filtre)
     return enTete.at(effectueFiltre) + pieces;
 }
 
-Lignes Contrats::listeLesContrats(const FiltreContrats& filtre, bool colonnesEcran)
+const QStringList& Contrats::clesListe(bool colonnesEcran)
+{
+    static const QStringList modele{"Id Contrat",
+                                    "Date Debut",
+                                    "Date Fin",
+                                    "Date Debut SQLite",
+                                    "Date Fin SQLite",
+                                    "Emploi",
+                                    "Jours",
+                                    "Id Employeur",
+                                    "Heures",
+                                    "Salaire Brut",
+                                    "Salaire Net",
+                                    "Employeur",
+                                    "Liste Dates",
+                                    "Abattement",
+                                    "Effectue",
+                                    "Paye",
+                                    "Note",
+                                    "Type",
+                                    "Fonction",
+                                    "Conges"};
+    // The screen also shows the employer's Guso flag and the linked expenses.
+    static const QStringList ecran =
+        modele + QStringList{"Guso", "Annee Encaissement", "Lieu", "Id Frais Lie", "AEM - FP", "PAS"};
+    return colonnesEcran ? ecran : modele;
+}
+
+Table Contrats::listeLesContrats(const FiltreContrats& filtre, bool colonnesEcran)
 {
     clauseWhere = construitClauseWhere(filtre);
     const QString tri = ordreDeTri(filtre.sens, filtre.sensPrefere);
@@ -95,7 +123,6 @@ Lignes Contrats::listeLesContrats(const FiltreContrats& filtre, bool colonnesEcr
         "c_employeur_id, c_debut_contrat, c_fin_contrat, c_emploi_id, c_nbre_heures, c_nbre_jours, c_salaire_brut, "
         "c_salaire_net, e_raison_sociale, contrats.c_id, c_liste_dates, c_abattement, c_effectue, c_paye, c_note, "
         "c_type, c_fonction, c_conges");
-    // The screen also shows the employer's Guso flag and the linked expenses.
     if (colonnesEcran)
         colonnes += QStringLiteral(", e_guso, c_annee_encaissement, c_lieu, liens.frais, c_aem_fp, c_pas");
 
@@ -106,7 +133,7 @@ Lignes Contrats::listeLesContrats(const FiltreContrats& filtre, bool colonnesEcr
             emplois.insert(int(r.entier(0)), r.texte(1));
     }
 
-    Lignes lignes;
+    Table table{clesListe(colonnesEcran), {}};
     // The links are grouped once and joined: `contrats_frais` has no index, and a
     // lookup per contract would scan it once per row.
     const QString liens = colonnesEcran ? QStringLiteral(" LEFT JOIN (SELECT contrat_id, GROUP_CONCAT(frais_id) AS "
@@ -117,65 +144,27 @@ Lignes Contrats::listeLesContrats(const FiltreContrats& filtre, bool colonnesEcr
                                    "WHERE (%3)%4;")
                         .arg(colonnes, liens, clauseWhere, tri));
     while (r.suivante())
-        lignes << ligneDepuis(r, colonnesEcran, emplois);
+        table.rangees << valeursDepuis(r, colonnesEcran, emplois);
 
     calculeLesTotaux(tri);
-    return lignes;
+    return table;
 }
 
-Ligne Contrats::ligneDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const
+QVariantList Contrats::valeursDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const
 {
-    static const QStringList clesModele{"Id Contrat",
-                                        "Date Debut",
-                                        "Date Fin",
-                                        "Date Debut SQLite",
-                                        "Date Fin SQLite",
-                                        "Emploi",
-                                        "Jours",
-                                        "Id Employeur",
-                                        "Heures",
-                                        "Salaire Brut",
-                                        "Salaire Net",
-                                        "Employeur",
-                                        "Liste Dates",
-                                        "Abattement",
-                                        "Effectue",
-                                        "Paye",
-                                        "Note",
-                                        "Type",
-                                        "Fonction",
-                                        "Conges"};
-    static const ModeleLigne modele(clesModele);
-    static const ModeleLigne modeleEcran(
-        clesModele + QStringList{"Guso", "Annee Encaissement", "Lieu", "Id Frais Lie", "AEM - FP", "PAS"});
-    QVariantList valeurs{
-        int(r.entier(9)),
-        Dates::versAffichage(Dates::depuisSQLite(r.texte(1))),
-        Dates::versAffichage(Dates::depuisSQLite(r.texte(2))),
-        r.texte(1),
-        r.texte(2),
-        emplois.value(int(r.entier(3))),
-        int(r.entier(5)),
-        int(r.entier(0)),
-        int(r.entier(4)),
-        float(r.reel(6)),
-        float(r.reel(7)),
-        r.texte(8),
-        r.texte(10),
-        int(r.entier(11)),
-        int(r.entier(12)),
-        int(r.entier(13)),
-        r.texte(14),
-        int(r.entier(15)),
-        r.texte(16),
-        int(r.entier(17)),
-    };
-    if (!colonnesEcran)
-        return modele.construire(std::move(valeurs));
-    valeurs.reserve(26);
-    valeurs << int(r.entier(18)) << int(r.entier(19)) << r.texte(20) << r.texte(21)
-            << (r.estNul(22) ? 1 : int(r.entier(22))) << r.reel(23);
-    return modeleEcran.construire(std::move(valeurs));
+    QVariantList valeurs;
+    valeurs.reserve(colonnesEcran ? 26 : 20);
+    const QString debut = r.texte(1);
+    const QString fin = r.texte(2);
+    valeurs << int(r.entier(9)) << Dates::versAffichage(Dates::depuisSQLite(debut))
+            << Dates::versAffichage(Dates::depuisSQLite(fin)) << debut << fin << emplois.value(int(r.entier(3)))
+            << int(r.entier(5)) << int(r.entier(0)) << int(r.entier(4)) << float(r.reel(6)) << float(r.reel(7))
+            << r.texte(8) << r.texte(10) << int(r.entier(11)) << int(r.entier(12)) << int(r.entier(13)) << r.texte(14)
+            << int(r.entier(15)) << r.texte(16) << int(r.entier(17));
+    if (colonnesEcran)
+        valeurs << int(r.entier(18)) << int(r.entier(19)) << r.texte(20) << r.texte(21)
+                << (r.estNul(22) ? 1 : int(r.entier(22))) << r.reel(23);
+    return valeurs;
 }
 
 void Contrats::calculeLesTotaux(const QString& tri)

@@ -32,6 +32,7 @@ class ContratsModeles : public Intermittent
 {
 public:
     explicit ContratsModeles(const QString& chemin = QString());
+    explicit ContratsModeles(BaseDeDonnees& connexion) : Intermittent(connexion) {}
 
     // The list's display keys ("Id", "Nom du modèle", …).
     static const QStringList& clesListe();

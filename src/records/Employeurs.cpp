@@ -223,30 +223,42 @@ int Employeurs::retrouveIdEmployeur(const QString& raisonSociale)
     return int(m_db.entier(QStringLiteral("SELECT e_id FROM employeurs WHERE e_raison_sociale=?;"), {raisonSociale}));
 }
 
-Lignes Employeurs::listeLesEmployeurs()
+Table Employeurs::listeLesEmployeurs()
 {
     QStringList colonnes;
     for (const auto& [colonne, cle] : colonnesEtCles())
         colonnes << colonne;
-    Lignes resultat;
-    const Lignes lignes = m_db.lignes(
-        QStringLiteral("SELECT %1 FROM employeurs ORDER BY e_raison_sociale ASC;").arg(colonnes.join(", ")));
-    for (const Ligne& brute : lignes) {
-        Ligne l;
-        for (const auto& [colonne, cle] : colonnesEtCles())
-            l.insert(cle, brute.value(colonne));
-        resultat << l;
+    Table table{clesListe(), {}};
+    Requete r(m_db,
+              QStringLiteral("SELECT %1 FROM employeurs ORDER BY e_raison_sociale ASC;").arg(colonnes.join(", ")));
+    while (r.suivante()) {
+        QVariantList valeurs;
+        valeurs.reserve(colonnes.size());
+        for (int i = 0; i < colonnes.size(); ++i)
+            valeurs << r.valeur(i);
+        table.rangees << valeurs;
     }
-    return resultat;
+    return table;
 }
 
 std::optional<Employeur> Employeurs::employeur(int id)
 {
-    for (const Ligne& l : listeLesEmployeurs()) {
-        if (l.value("Id").toInt() == id)
-            return depuisLigne(l);
+    const Table table = listeLesEmployeurs();
+    const int colonneId = table.colonne(QStringLiteral("Id"));
+    for (qsizetype rangee = 0; rangee < table.size(); ++rangee) {
+        if (table.valeur(rangee, colonneId).toInt() == id)
+            return depuisLigne(table.ligne(rangee));
     }
     return std::nullopt;
+}
+
+QList<QPair<int, QString>> Employeurs::qualites()
+{
+    QList<QPair<int, QString>> liste;
+    Requete r(m_db, QStringLiteral("SELECT q_id, q_libelle FROM qualites ORDER BY q_libelle ASC;"));
+    while (r.suivante())
+        liste.append({int(r.entier(0)), r.texte(1)});
+    return liste;
 }
 
 QStringList Employeurs::tousLesEmployeurs()

@@ -38,6 +38,7 @@ class Employeurs : public Intermittent
 {
 public:
     explicit Employeurs(const QString& chemin = QString());
+    explicit Employeurs(BaseDeDonnees& connexion) : Intermittent(connexion) {}
 
     // The list's display keys, in column order ("Id", "Enseigne", …).
     static const QStringList& clesListe();
@@ -63,7 +64,7 @@ public:
     bool annuleContratsModeles(int modeleId);
     bool supprimeEmployeur(int id);
     int retrouveIdEmployeur(const QString& raisonSociale);
-    Lignes listeLesEmployeurs();
+    Table listeLesEmployeurs();
     std::optional<Employeur> employeur(int id);
     QStringList tousLesEmployeurs();
     bool enregistreLesCochesPourId(int id, bool conventionne);
@@ -83,6 +84,8 @@ public:
 
     // "Journées", "Heures", "Salaires bruts", "Salaires nets" of the employer's contracts.
     Ligne cumulsPourEmployeur(int id);
+    // The employers' qualities (id and label), by label.
+    QList<QPair<int, QString>> qualites();
     // Gross, net and net-to-pay sums per employer name.
     GraphiqueEmployeurs graphiqueDesSalaires();
 

@@ -7,11 +7,20 @@
 
 namespace corvane {
 
-NouvellePeriode::NouvellePeriode(const QString& chemin) : m_chemin(chemin)
+NouvellePeriode::NouvellePeriode(const QString& chemin) : m_document(chemin)
 {
-    Intermittent document(chemin);
-    m_emploi = document.retrouveEmploiUtilisateur();
-    m_ouvertureDroits = document.retrouveDateOuvertureDroits().date();
+    initialiser();
+}
+
+NouvellePeriode::NouvellePeriode(BaseDeDonnees& connexion) : m_document(connexion)
+{
+    initialiser();
+}
+
+void NouvellePeriode::initialiser()
+{
+    m_emploi = m_document.retrouveEmploiUtilisateur();
+    m_ouvertureDroits = m_document.retrouveDateOuvertureDroits().date();
     changeDebut(Horloge::aujourdhui());
 }
 
@@ -84,7 +93,7 @@ QString NouvellePeriode::refus()
     if (!m_periode.debut.isValid() || !m_periode.fin.isValid() || m_periode.fin < m_periode.debut)
         return messageFinAvantDebut();
     // Same two dates as an existing period, whatever its label.
-    if (Periodes(m_chemin).isPeriodeExiste(m_periode.debut, m_periode.fin))
+    if (Periodes(m_document.db()).isPeriodeExiste(m_periode.debut, m_periode.fin))
         return messageExisteDeja();
     return {};
 }
@@ -96,9 +105,9 @@ int NouvellePeriode::enregistre(QString* refusDonne)
         *refusDonne = message;
     if (!message.isEmpty())
         return 0;
-    const int id = Periodes(m_chemin).enregistrePeriode(m_periode);
+    const int id = Periodes(m_document.db()).enregistrePeriode(m_periode);
     if (id != 0 && m_majAutomatique)
-        Profil(m_chemin).majNouvellePeriodeDu(m_periode.debut, m_srj, m_taux);
+        Profil(m_document.db()).majNouvellePeriodeDu(m_periode.debut, m_srj, m_taux);
     return id;
 }
 

@@ -14,6 +14,7 @@ class NouvellePeriode
 public:
     // Reads the user's job and rights-opening date, and fills the defaults.
     explicit NouvellePeriode(const QString& chemin);
+    explicit NouvellePeriode(BaseDeDonnees& connexion);
 
     // Reference-period length in days for a job: the artists' annex for "Artiste", the
     // workers' and technicians' for any other; the 2016 length from 1 August 2016 (today).
@@ -54,7 +55,9 @@ public:
     static QString messageFinAvantDebut();
 
 private:
-    QString m_chemin;
+    void initialiser();
+
+    Intermittent m_document;
     QString m_emploi;
     QDate m_ouvertureDroits;
     Periode m_periode;

@@ -26,6 +26,7 @@ class Periodes : public Intermittent
 {
 public:
     explicit Periodes(const QString& chemin = QString());
+    explicit Periodes(BaseDeDonnees& connexion) : Intermittent(connexion) {}
 
     // The management window's keys: "Id", "Libelle", "Début", "Fin", "Début SQLite", "Fin SQLite",
     // "Notes", "Congés", "Franchise salaires", "Délai d'attente".

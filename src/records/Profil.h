@@ -50,6 +50,7 @@ class Profil : public Intermittent
 {
 public:
     explicit Profil(const QString& chemin = QString());
+    explicit Profil(BaseDeDonnees& connexion) : Intermittent(connexion) {}
 
     // Reads the row; false when the document holds none.
     bool initDepuisLaTableV4();

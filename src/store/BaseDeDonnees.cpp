@@ -1,8 +1,5 @@
 #include "store/BaseDeDonnees.h"
 
-#include <algorithm>
-#include <map>
-
 #include "store/Dates.h"
 #include "store/Horloge.h"
 
@@ -11,19 +8,22 @@
 
 namespace corvane {
 
-ModeleLigne::ModeleLigne(QStringList cles) : m_cles(std::move(cles))
+Ligne Table::ligne(qsizetype rangee) const
 {
-    for (int i = 0; i < m_cles.size(); ++i)
-        m_ordre << i;
-    std::sort(m_ordre.begin(), m_ordre.end(), [this](int a, int b) { return m_cles[a] < m_cles[b]; });
+    Ligne l;
+    const QVariantList& valeurs = rangees.at(rangee);
+    for (int i = 0; i < cles.size(); ++i)
+        l.insert(cles.at(i), valeurs.at(i));
+    return l;
 }
 
-Ligne ModeleLigne::construire(QVariantList&& valeurs) const
+BaseDeDonnees BaseDeDonnees::emprunter(const BaseDeDonnees& proprietaire)
 {
-    std::map<QString, QVariant> ligne;
-    for (int i : m_ordre)
-        ligne.emplace_hint(ligne.end(), m_cles[i], std::move(valeurs[i]));
-    return Ligne(std::move(ligne));
+    BaseDeDonnees base;
+    base.m_db = proprietaire.m_db;
+    base.m_chemin = proprietaire.m_chemin;
+    base.m_proprietaire = false;
+    return base;
 }
 
 BaseDeDonnees::~BaseDeDonnees()
@@ -32,7 +32,8 @@ BaseDeDonnees::~BaseDeDonnees()
 }
 
 BaseDeDonnees::BaseDeDonnees(BaseDeDonnees&& autre) noexcept
-    : m_db(autre.m_db), m_chemin(std::move(autre.m_chemin)), m_erreur(std::move(autre.m_erreur))
+    : m_db(autre.m_db), m_proprietaire(autre.m_proprietaire), m_chemin(std::move(autre.m_chemin)),
+      m_erreur(std::move(autre.m_erreur))
 {
     autre.m_db = nullptr;
 }
@@ -42,6 +43,7 @@ BaseDeDonnees& BaseDeDonnees::operator=(BaseDeDonnees&& autre) noexcept
     if (this != &autre) {
         fermer();
         m_db = autre.m_db;
+        m_proprietaire = autre.m_proprietaire;
         m_chemin = std::move(autre.m_chemin);
         m_erreur = std::move(autre.m_erreur);
         autre.m_db = nullptr;
@@ -53,6 +55,7 @@ bool BaseDeDonnees::ouvrirAvecDrapeaux(const QString& chemin, int drapeaux)
 {
     fermer();
     Horloge::installerDansSQLite();
+    m_proprietaire = true;
     m_chemin = chemin;
     const int rc = sqlite3_open_v2(chemin.toUtf8().constData(), &m_db, drapeaux, nullptr);
     if (rc != SQLITE_OK) {
@@ -94,10 +97,10 @@ bool BaseDeDonnees::creer(const QString& chemin)
 
 void BaseDeDonnees::fermer()
 {
-    if (m_db) {
+    if (m_db && m_proprietaire)
         sqlite3_close_v2(m_db);
-        m_db = nullptr;
-    }
+    m_db = nullptr;
+    m_proprietaire = true;
 }
 
 bool BaseDeDonnees::estEnLectureSeule() const

@@ -21,19 +21,25 @@ inline QString texteNonNul(const QString& texte)
     return texte.isNull() ? QStringLiteral("") : texte;
 }
 
-// Builds rows whose keys are known in advance. The keys are sorted once; each row is
-// then filled in key order at the end of its map, which spares the key comparisons
-// of ordinary inserts in listings of thousands of rows.
-class ModeleLigne
+// A listing: one header of display keys shared by every row, and one vector of values
+// per row in the header's order. Screens, JSON, CSV and PDF all read the same table;
+// a model looks its column indexes up once.
+struct Table
 {
-public:
-    explicit ModeleLigne(QStringList cles);
-    // The values in the order the keys were given.
-    Ligne construire(QVariantList&& valeurs) const;
+    QStringList cles;
+    QList<QVariantList> rangees;
 
-private:
-    QStringList m_cles;
-    QList<int> m_ordre;
+    qsizetype size() const { return rangees.size(); }
+    bool isEmpty() const { return rangees.isEmpty(); }
+    // The column of a key, -1 when the listing has none.
+    int colonne(const QString& cle) const { return int(cles.indexOf(cle)); }
+    QVariant valeur(qsizetype rangee, int colonne) const
+    {
+        return colonne < 0 ? QVariant() : rangees.at(rangee).at(colonne);
+    }
+    QVariant valeur(qsizetype rangee, const QString& cle) const { return valeur(rangee, colonne(cle)); }
+    // One row keyed by the display keys, for the few callers that want a map.
+    Ligne ligne(qsizetype rangee) const;
 };
 
 // RAII over one SQLite connection. A document is opened without ever being
@@ -43,6 +49,9 @@ class BaseDeDonnees
 public:
     BaseDeDonnees() = default;
     ~BaseDeDonnees();
+    // A second handle on a connection someone else owns (a document's): it is never
+    // closed through this handle, and must not outlive the owner.
+    static BaseDeDonnees emprunter(const BaseDeDonnees& proprietaire);
     BaseDeDonnees(const BaseDeDonnees&) = delete;
     BaseDeDonnees& operator=(const BaseDeDonnees&) = delete;
     BaseDeDonnees(BaseDeDonnees&& autre) noexcept;
@@ -57,6 +66,7 @@ public:
     void fermer();
 
     bool estOuverte() const { return m_db != nullptr; }
+    bool estEmpruntee() const { return !m_proprietaire; }
     bool estEnLectureSeule() const;
     sqlite3* handle() const { return m_db; }
     QString chemin() const { return m_chemin; }
@@ -88,6 +98,7 @@ private:
     void noterErreur();
 
     sqlite3* m_db = nullptr;
+    bool m_proprietaire = true;
     QString m_chemin;
     QString m_erreur;
 };

@@ -14,6 +14,11 @@ Intermittent::Intermittent(const QString& chemin)
         ouvreLeFichier(chemin);
 }
 
+Intermittent::Intermittent(BaseDeDonnees& connexion)
+    : m_db(BaseDeDonnees::emprunter(connexion)), m_cheminDuFichier(connexion.chemin())
+{
+}
+
 bool Intermittent::ouvreLeFichier(const QString& chemin)
 {
     m_cheminDuFichier = chemin;

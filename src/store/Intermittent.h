@@ -16,6 +16,8 @@ class Intermittent
 {
 public:
     explicit Intermittent(const QString& chemin = QString());
+    // Works on an open document's connection (the program's one connection) without owning it.
+    explicit Intermittent(BaseDeDonnees& connexion);
     virtual ~Intermittent() = default;
     Intermittent(const Intermittent&) = delete;
     Intermittent& operator=(const Intermittent&) = delete;

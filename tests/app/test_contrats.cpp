@@ -8,7 +8,9 @@
 #include "app/contrats/ListeContrats.h"
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/contrats/SectionContrats.h"
+#include "app/employeurs/SectionEmployeurs.h"
 #include "commun/MaisonTemporaire.h"
+#include "commun/OutilsDocument.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -106,7 +108,7 @@ private:
             ajouterEmployeur(b->chemin, QStringLiteral("Théâtre d'Orly"));
             ajouterEmployeur(b->chemin, QStringLiteral("Opéra"));
         }
-        b->section->setFile(b->chemin);
+        b->section->setDocument(documentOuvert(b->chemin, b->section.get()));
         return b;
     }
 
@@ -170,7 +172,7 @@ private slots:
         auto b = banc();
         const int modele = ajouterModele(b->chemin, QStringLiteral("Tournée"), 3, 3, 4, 35, 800, 620);
         ajouterEmployeur(b->chemin, QStringLiteral("Compagnie l'Envol"), modele);
-        b->section->setFile(b->chemin);
+        b->section->setDocument(documentOuvert(b->chemin, b->section.get()));
         b->section->nouveauContrat();
         b->dates(QDate(2024, 3, 4), QDate(2024, 3, 6));
         QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 36);
@@ -303,7 +305,7 @@ private slots:
         ajouterContrat(b->chemin, {2, QDate(2024, 1, 10), QDate(2024, 1, 10), 12, 1, 100, 80, 1, 1, 1, 1});
         ajouterContrat(b->chemin, {3, QDate(2024, 3, 4), QDate(2024, 3, 8), 60, 5, 500, 400, 1, 0, 2, 2});
         ajouterContrat(b->chemin, {3, QDate(2024, 7, 1), QDate(2024, 7, 1), 12, 1, 200, 150, 0, 0, 1, 1});
-        b->section->setFile(b->chemin);
+        b->section->setDocument(documentOuvert(b->chemin, b->section.get()));
         QCOMPARE(idsAffiches(*b), (QList<int>{3, 2, 1}));
         QVERIFY(b->widget<QLabel>("totauxContrats")->text().contains(QStringLiteral("84 heures")));
 
@@ -336,7 +338,7 @@ private slots:
         QCOMPARE(valeur(b->chemin, "SELECT dpp_date FROM datesPeriodesPreferees WHERE dpp_id = 2;"),
                  QStringLiteral("2024-06-30 00:00:00.000"));
         auto autre = banc(false);
-        autre->section->setFile(b->chemin);
+        autre->section->setDocument(documentOuvert(b->chemin, autre->section.get()));
         QCOMPARE(autre->widget<QDateEdit>("filtreDu")->date(), QDate(2024, 3, 1));
         QCOMPARE(autre->widget<QDateEdit>("filtreAu")->date(), QDate(2024, 6, 30));
         b->choisir("filtrePeriode", "Tous les contrats");
@@ -362,7 +364,7 @@ private slots:
             QVERIFY(base.ouvrir(b->chemin));
             base.exec(QStringLiteral("INSERT INTO contrats_frais (contrat_id, frais_id) VALUES (2, %1);").arg(frais));
         }
-        b->section->setFile(b->chemin);
+        b->section->setDocument(documentOuvert(b->chemin, b->section.get()));
         QTableView* table = b->liste()->table();
         table->selectRow(0);
         QCOMPARE(b->liste()->idsSelectionnes(), QList<int>{2});
@@ -422,11 +424,33 @@ private slots:
         auto b = banc();
         ajouterContrat(b->chemin, {2, QDate(2024, 1, 10), QDate(2024, 1, 10), 12, 1, 100, 80});
         FenetrePrincipale fenetre(*b->environnement);
-        fenetre.setFile(b->chemin);
+        fenetre.show();
         fenetre.afficherSection(Section::Contrats);
+        Document* document = documentOuvert(b->chemin, &fenetre);
+        fenetre.setDocument(document);
         auto* section = fenetre.findChild<SectionContrats*>();
         QVERIFY(section);
         QCOMPARE(section->liste()->modele()->rowCount(), 1);
+        // Only the page on screen has read the document; the others wait until they are shown.
+        auto* employeurs = fenetre.findChild<SectionEmployeurs*>();
+        QVERIFY(employeurs->estPerimee());
+        QVERIFY(!section->estPerimee());
+
+        // Contracts written anywhere through the document show in the list on screen, read once.
+        QSignalSpy relectures(section->liste()->modele(), &QAbstractItemModel::modelReset);
+        Contrats contrats(document->base());
+        contrats.dupliqueContrat(section->liste()->modele()->idContrat(0));
+        contrats.dupliqueContrat(section->liste()->modele()->idContrat(0));
+        QTRY_COMPARE(section->liste()->modele()->rowCount(), 3);
+        QCOMPARE(relectures.count(), 1);
+        // A table the list does not read leaves it alone.
+        document->base().exec(QStringLiteral("INSERT INTO congeshistorique (ch_date, ch_montant) VALUES "
+                                             "('2024-01-01 00:00:00.000', 10);"));
+        QCoreApplication::processEvents();
+        QCOMPARE(relectures.count(), 1);
+        // The hidden employers' page reads the document once it is shown.
+        fenetre.afficherSection(Section::Employeurs);
+        QVERIFY(!employeurs->estPerimee());
         if (qEnvironmentVariableIsSet("CORVANE_CAPTURES")) {
             fenetre.resize(1280, 800);
             fenetre.show();

@@ -68,7 +68,7 @@ private:
     std::unique_ptr<SectionEmployeurs> section()
     {
         auto s = std::make_unique<SectionEmployeurs>(*m_environnement);
-        s->setFile(m_chemin);
+        s->setDocument(documentOuvert(m_chemin, s.get()));
         s->resize(1100, 700);
         s->show();
         QApplication::setActiveWindow(s.get());
@@ -256,7 +256,7 @@ private slots:
                                           "c_salaire_brut, c_salaire_net, c_salaire_net_a_payer) VALUES (%1, 24, 2, "
                                           "1234.5, 1000, 950), (%1, 12, 1, 100, 80, 80);")
                                .arg(id));
-        s->setFile(m_chemin);
+        s->setDocument(documentOuvert(m_chemin, s.get()));
         s->selectionner(id);
         QCOMPARE(trouver<QLabel>(*s, "cumulHeures")->text(), QStringLiteral("36"));
         QCOMPARE(trouver<QLabel>(*s, "cumulJournees")->text(), QStringLiteral("3"));
@@ -272,7 +272,7 @@ private slots:
     void fenetreModeles()
     {
         executer(m_chemin, "INSERT INTO employeurs (e_raison_sociale, e_commune) VALUES ('L''Odéon', 'Paris');");
-        FenetreModeles f(*m_environnement, m_chemin);
+        FenetreModeles f(*m_environnement, *documentOuvert(m_chemin, this));
         f.show();
         trouver<QPushButton>(f, "boutonNouveauModele")->click();
         saisir(f, "champLibelleModele", "Régie d'un soir");
@@ -310,7 +310,7 @@ private slots:
     void sansDocument()
     {
         SectionEmployeurs s(*m_environnement);
-        s.setFile(QString());
+        s.setDocument(documentOuvert(QString(), &s));
         trouver<QPushButton>(s, "boutonNouvelEmployeur")->click();
         QCOMPARE(m_dialogues->echanges().last().message,
                  QStringLiteral("Avant toute nouvelle opération, il est nécessaire de créer un nouveau fichier, ou "

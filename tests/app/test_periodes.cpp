@@ -68,7 +68,7 @@ private slots:
 
     void defauts()
     {
-        AssistantNouvellePeriode a(*m_environnement, m_chemin);
+        AssistantNouvellePeriode a(*m_environnement, *documentOuvert(m_chemin, this));
         a.show();
         auto* debut = trouver<QDateEdit>(a, "champDebut");
         auto* fin = trouver<QDateEdit>(a, "champFin");
@@ -88,7 +88,7 @@ private slots:
 
     void doublonRefuse()
     {
-        AssistantNouvellePeriode a(*m_environnement, m_chemin);
+        AssistantNouvellePeriode a(*m_environnement, *documentOuvert(m_chemin, this));
         a.show();
         QSignalSpy enregistree(&a, &AssistantNouvellePeriode::periodeEnregistree);
         trouver<QDateEdit>(a, "champDebut")->setDate(QDate(2024, 3, 1));
@@ -114,7 +114,7 @@ private slots:
 
     void miseAJourDuProfil()
     {
-        AssistantNouvellePeriode a(*m_environnement, m_chemin);
+        AssistantNouvellePeriode a(*m_environnement, *documentOuvert(m_chemin, this));
         a.show();
         trouver<QDateEdit>(a, "champDebut")->setDate(QDate(2025, 3, 2));
         trouver<QCheckBox>(a, "champMajProfil")->setChecked(true);
@@ -135,7 +135,7 @@ private slots:
             base.exec("INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES "
                       "('2022-01-01 00:00:00.000', '2022-12-31 00:00:00.000', 'L''ancienne', '');");
         }
-        FenetrePeriodes f(*m_environnement, m_chemin);
+        FenetrePeriodes f(*m_environnement, *documentOuvert(m_chemin, this));
         f.show();
         QApplication::setActiveWindow(&f);
         QVERIFY(QTest::qWaitForWindowActive(&f));

@@ -49,7 +49,7 @@ private:
 
     std::unique_ptr<FenetreProfil> fenetre()
     {
-        auto f = std::make_unique<FenetreProfil>(*m_environnement, m_chemin);
+        auto f = std::make_unique<FenetreProfil>(*m_environnement, documentOuvert(m_chemin, this));
         f->show();
         QApplication::setActiveWindow(f.get());
         if (!QTest::qWaitForWindowActive(f.get()))
@@ -245,7 +245,7 @@ private slots:
 
     void sansDocument()
     {
-        FenetreProfil f(*m_environnement, QString());
+        FenetreProfil f(*m_environnement, nullptr);
         QVERIFY(!f.findChild<QTabWidget*>("ongletsProfil")->isEnabled());
     }
 };

@@ -12,6 +12,7 @@
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/profil/FenetreProfil.h"
 #include "commun/MaisonTemporaire.h"
+#include "commun/OutilsDocument.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
@@ -77,7 +78,7 @@ private slots:
     void contratsCommeFiltresALEcran()
     {
         ListeContrats liste(*m_environnement);
-        liste.setFile(m_chemin);
+        liste.setDocument(documentOuvert(m_chemin, &liste));
         auto* employeur = liste.findChild<QComboBox*>(QStringLiteral("filtreEmployeur"));
         QVERIFY(employeur);
         const int index = employeur->findText(QStringLiteral("Opéra"));
@@ -97,7 +98,7 @@ private slots:
     {
         m_reglages->ecrire(Reglages::Cle::ContratsImpressionsListe, false);
         ListeContrats liste(*m_environnement);
-        liste.setFile(m_chemin);
+        liste.setDocument(documentOuvert(m_chemin, &liste));
         const QString texte =
             exporter(liste, QStringLiteral("Contrats"), QStringLiteral("Liste des contrats")).join("\n");
         QVERIFY2(texte.contains("Contrats : 2"), qPrintable(texte));
@@ -108,7 +109,7 @@ private slots:
     {
         m_reglages->ecrire(Reglages::Cle::EmployeursImpressionsListe, false);
         SectionEmployeurs section(*m_environnement);
-        section.setFile(m_chemin);
+        section.setDocument(documentOuvert(m_chemin, &section));
         const QString texte =
             exporter(section, QStringLiteral("Employeurs"), QStringLiteral("Liste des employeurs")).join("\n");
         QVERIFY2(texte.contains("Cumuls par employeur"), qPrintable(texte));
@@ -120,7 +121,7 @@ private slots:
     {
         Horloge::fixer(QDate(2026, 11, 21));
         m_reglages->ecrire(Reglages::Cle::ProfilImpressionsRib, false);
-        FenetreProfil fenetre(*m_environnement, m_chemin);
+        FenetreProfil fenetre(*m_environnement, documentOuvert(m_chemin, this));
         const QStringList pages =
             exporter(fenetre, QStringLiteral("Profil"), QStringLiteral("Relevé d'informations 21 11 2026"));
         Horloge::reinitialiser();
@@ -151,7 +152,7 @@ private slots:
         else if (ecran == "Employeurs")
             fenetre = std::make_unique<SectionEmployeurs>(*m_environnement);
         else
-            fenetre = std::make_unique<FenetreProfil>(*m_environnement, QString());
+            fenetre = std::make_unique<FenetreProfil>(*m_environnement, nullptr);
         for (const QString& bouton : {QStringLiteral("boutonExporterPdf"), QStringLiteral("boutonImprimer")}) {
             m_dialogues = DialoguesScriptes();
             m_dialogues.choisirChemins({sortie()});

@@ -3,6 +3,7 @@
 // Helpers shared by the tests: documents made from fixtures, fingerprints and dumps.
 
 #include "store/BaseDeDonnees.h"
+#include "store/Document.h"
 #include "store/Fichiers.h"
 
 #include <QCryptographicHash>
@@ -14,6 +15,19 @@
 #include <QtTest>
 
 namespace corvane::test {
+
+// The document at `chemin` opened as the program opens it, owned by `parent`; none for an empty path.
+inline Document* documentOuvert(const QString& chemin, QObject* parent)
+{
+    if (chemin.isEmpty())
+        return nullptr;
+    auto* document = new Document(parent);
+    if (!document->ouvrir(chemin)) {
+        delete document;
+        return nullptr;
+    }
+    return document;
+}
 
 inline QString donnee(const QString& nom)
 {

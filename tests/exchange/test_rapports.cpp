@@ -345,8 +345,9 @@ private slots:
 
         Contrats contrats(parametres.chemin);
         QList<int> attendus;
-        for (const Ligne& l : contrats.listeLesContrats(FiltreContrats(), false))
-            attendus << l.value("Id Contrat").toInt();
+        const Table liste = contrats.listeLesContrats(FiltreContrats(), false);
+        for (qsizetype i = 0; i < liste.size(); ++i)
+            attendus << liste.valeur(i, "Id Contrat").toInt();
         QCOMPARE(attendus.size(), 2000);
 
         const QStringList p =

@@ -35,11 +35,11 @@ private:
         return liste;
     }
 
-    static QList<int> idsDe(const Lignes& lignes)
+    static QList<int> idsDe(const Table& table)
     {
         QList<int> liste;
-        for (const Ligne& l : lignes)
-            liste << l.value("Id Contrat").toInt();
+        for (qsizetype i = 0; i < table.size(); ++i)
+            liste << table.valeur(i, "Id Contrat").toInt();
         return liste;
     }
 
@@ -224,9 +224,9 @@ private slots:
         FiltreContrats filtre;
         filtre.filtreEmploi = true;
         filtre.emploi = QStringLiteral("Ouvrier");
-        const Lignes lignes = contrats.listeLesContrats(filtre);
+        const Table lignes = contrats.listeLesContrats(filtre);
         QCOMPARE(lignes.size(), 1);
-        const Ligne& l = lignes.first();
+        const Ligne l = lignes.ligne(0);
         QStringList cles = l.keys();
         cles.sort();
         QStringList attendues{"Id Contrat",
@@ -269,7 +269,7 @@ private slots:
         QCOMPARE(l.value("AEM - FP").toInt(), 1);
         QCOMPARE(l.value("Id Frais Lie").toString(), QStringLiteral("%1,%2").arg(frais1).arg(frais2));
         // The model's own listing has only its keys.
-        QCOMPARE(contrats.listeLesContrats(filtre, false).first().size(), 20);
+        QCOMPARE(contrats.listeLesContrats(filtre, false).cles.size(), 20);
         contrats.enregistreFraisLies(m_ids["B"], {});
     }
 

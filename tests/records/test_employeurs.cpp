@@ -83,15 +83,12 @@ private slots:
         QVERIFY(employeurs.enregistreComplements(e));
         QVERIFY(employeurs.enregistreEmployeur(employeur("Atelier", "Lyon")) > 0);
 
-        const Lignes liste = employeurs.listeLesEmployeurs();
+        const Table liste = employeurs.listeLesEmployeurs();
         QCOMPARE(liste.size(), 3);
         // Sorted by name.
-        QCOMPARE(liste[0].value("Enseigne").toString(), QStringLiteral("Atelier"));
-        QCOMPARE(liste[1].value("Enseigne").toString(), QStringLiteral("Inconnu"));
-        QStringList cles = Employeurs::clesListe();
-        cles.sort();
-        QCOMPARE(liste[2].keys(), cles);
-        const Employeur relu = Employeurs::depuisLigne(liste[2]);
+        QCOMPARE(liste.valeur(0, "Enseigne").toString(), QStringLiteral("Atelier"));
+        QCOMPARE(liste.valeur(1, "Enseigne").toString(), QStringLiteral("Inconnu"));
+        const Employeur relu = Employeurs::depuisLigne(liste.ligne(2));
         QCOMPARE(relu.raisonSociale, e.raisonSociale);
         QCOMPARE(relu.adresse, e.adresse);
         QCOMPARE(relu.codePostal, e.codePostal);

@@ -3,6 +3,7 @@
 
 #include "commun/OutilsDocument.h"
 #include "store/Dates.h"
+#include "store/Document.h"
 #include "store/Functions.h"
 #include "store/Horloge.h"
 
@@ -198,6 +199,43 @@ private slots:
             base.exec("INSERT INTO t VALUES (3); INSERT INTO t (a) VALUES ('d'orchestre'); INSERT INTO t VALUES (4);"),
             1);
         QCOMPARE(base.colonne("SELECT a FROM t;"), (QStringList{"2", "3"}));
+    }
+
+    void documentAnnonceLesTablesEcrites()
+    {
+        const QString chemin = m_dossier.filePath("annonces.db");
+        {
+            BaseDeDonnees base;
+            QVERIFY(base.creer(chemin));
+            base.exec("CREATE TABLE a (x); CREATE TABLE b (y); CREATE TABLE c (z); INSERT INTO b VALUES (1); INSERT "
+                      "INTO c VALUES (1);");
+        }
+        Document document;
+        QVERIFY(document.ouvrir(chemin));
+        QSignalSpy annonces(&document, &Document::tablesModifiees);
+        // Every write of one turn of the event loop makes one announcement; reads make none.
+        document.base().exec("INSERT INTO a VALUES (1); INSERT INTO a VALUES (2); UPDATE c SET z = 2; "
+                             "SELECT * FROM b;");
+        // A borrowed handle writes through the same connection, and is heard too.
+        BaseDeDonnees emprunt = BaseDeDonnees::emprunter(document.base());
+        emprunt.exec("DELETE FROM b;");
+        QCOMPARE(annonces.count(), 0);
+        QTRY_COMPARE(annonces.count(), 1);
+        QCOMPARE(annonces.first().first().value<QSet<QString>>(), (QSet<QString>{"a", "b", "c"}));
+
+        // A whole table emptied at once is a write too, and still empties it.
+        document.base().exec("DELETE FROM a;");
+        QCOMPARE(document.base().entier("SELECT COUNT(*) FROM a;"), 0);
+        QTRY_COMPARE(annonces.count(), 2);
+        QCOMPARE(annonces.last().first().value<QSet<QString>>(), QSet<QString>{"a"});
+
+        // A borrowed handle never closes the owner's connection.
+        {
+            BaseDeDonnees autre = BaseDeDonnees::emprunter(document.base());
+        }
+        QCOMPARE(document.base().entier("SELECT COUNT(*) FROM c;"), 1);
+        document.fermer();
+        QVERIFY(!document.estOuvert());
     }
 };
 

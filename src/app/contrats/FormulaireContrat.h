@@ -20,6 +20,10 @@ namespace corvane {
 class Contrats;
 }
 
+namespace corvane {
+class Document;
+}
+
 namespace corvane::app {
 
 struct Environnement;
@@ -35,7 +39,7 @@ public:
     explicit FormulaireContrat(Environnement& environnement, QWidget* parent = nullptr);
     ~FormulaireContrat() override;
 
-    void setFile(const QString& chemin);
+    void setDocument(Document* document);
     void nouveau();
     bool modifier(int id);
     // Checks, saves and warns about sickness overlaps; true when the contract was written.
@@ -66,7 +70,6 @@ private:
     void majBrutAbattu();
 
     Environnement& m_environnement;
-    QString m_chemin;
     std::unique_ptr<Contrats> m_contrats;
     SaisieContrat m_saisie;
     QString m_mode = QStringLiteral("ajout");

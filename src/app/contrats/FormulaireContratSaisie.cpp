@@ -3,6 +3,8 @@
 
 #include "app/contrats/FormulaireContrat.h"
 
+#include "store/Document.h"
+
 #include "app/Environnement.h"
 #include "records/Contrats.h"
 #include "records/ContratsModeles.h"
@@ -60,12 +62,9 @@ void choisirDonnee(QComboBox* combo, const QVariant& donnee)
 
 } // namespace
 
-void FormulaireContrat::setFile(const QString& chemin)
+void FormulaireContrat::setDocument(Document* document)
 {
-    m_chemin = chemin;
-    m_contrats = chemin.isEmpty() ? nullptr : std::make_unique<Contrats>(chemin);
-    if (m_contrats && !m_contrats->estOuvert())
-        m_contrats.reset();
+    m_contrats = document && document->estOuvert() ? std::make_unique<Contrats>(document->base()) : nullptr;
 }
 
 void FormulaireContrat::remplirListes()
@@ -108,7 +107,7 @@ void FormulaireContrat::remplirTypes()
     m_type->clear();
     if (!m_contrats)
         return;
-    ContratsModeles modeles(m_chemin);
+    ContratsModeles modeles(m_contrats->db());
     for (const QString& libelle : modeles.typesPourEmploi(m_saisie.emploiId))
         m_type->addItem(libelle, modeles.typeIdPourEmploi(m_saisie.emploiId, libelle));
 }
@@ -243,7 +242,7 @@ void FormulaireContrat::employeurChoisi()
         m_saisie.retirerModele();
         return;
     }
-    ContratsModeles modeles(m_chemin);
+    ContratsModeles modeles(m_contrats->db());
     if (const auto modele = modeles.contenuDuModeleDepuisEmployeurId(m_saisie.employeurId))
         m_saisie.appliquerModele(*modele);
     else

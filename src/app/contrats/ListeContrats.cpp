@@ -8,6 +8,7 @@
 #include "exchange/ExportPdf.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "store/Dialogues.h"
+#include "store/Document.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
@@ -129,8 +130,10 @@ ListeContrats::ListeContrats(Environnement& environnement, QWidget* parent)
     connect(m_modele, &QAbstractItemModel::modelReset, this, &ListeContrats::majBoutons);
     connect(m_modele, &ModeleTableContrats::cochesModifiees, this,
             [this](int id, int effectue, int paye, int conges, int aemFp) {
-                if (m_contrats)
+                if (m_contrats) {
                     m_contrats->enregistreLesCochesPourId(id, effectue, paye, conges, aemFp);
+                    emit ecrit();
+                }
             });
     setTabOrder(m_periode, m_du);
     setTabOrder(m_du, m_au);
@@ -208,12 +211,15 @@ QLayout* ListeContrats::construireFiltres()
     return grille;
 }
 
-void ListeContrats::setFile(const QString& chemin)
+void ListeContrats::setDocument(Document* document)
 {
-    m_chemin = chemin;
-    m_contrats = chemin.isEmpty() ? nullptr : std::make_unique<Contrats>(chemin);
-    if (m_contrats && !m_contrats->estOuvert())
-        m_contrats.reset();
+    m_chemin = document ? document->chemin() : QString();
+    m_contrats = document && document->estOuvert() ? std::make_unique<Contrats>(document->base()) : nullptr;
+    actualiser();
+}
+
+void ListeContrats::actualiser()
+{
     remplirListes();
     if (m_contrats) {
         // Showing the remembered dates is not a change of them.
@@ -223,12 +229,6 @@ void ListeContrats::setFile(const QString& chemin)
         m_du->setDate(du.isValid() ? du : Horloge::aujourdhui());
         m_au->setDate(au.isValid() ? au : Horloge::aujourdhui());
     }
-    recharger();
-}
-
-void ListeContrats::actualiser()
-{
-    remplirListes();
     recharger();
 }
 
@@ -286,12 +286,12 @@ void ListeContrats::recharger()
     m_du->setEnabled(periode);
     m_au->setEnabled(periode);
     if (!m_contrats) {
-        m_modele->setLignes({}, {});
+        m_modele->setTable({}, {});
         m_totaux->clear();
         return;
     }
     const QList<int> selection = idsSelectionnes();
-    m_modele->setLignes(m_contrats->listeLesContrats(filtre()), m_types);
+    m_modele->setTable(m_contrats->listeLesContrats(filtre()), m_types);
     for (int rangee = 0; rangee < m_modele->rowCount(); ++rangee)
         if (selection.contains(m_modele->idContrat(rangee)))
             m_table->selectionModel()->select(m_modele->index(rangee, 0),
@@ -327,6 +327,7 @@ void ListeContrats::datesPeriodeModifiees()
     if (m_contrats)
         m_contrats->enregistreDatesPeriode(m_du->date(), m_au->date());
     recharger();
+    emit ecrit();
 }
 
 QList<int> ListeContrats::idsSelectionnes() const
@@ -375,6 +376,7 @@ void ListeContrats::supprimerSelection()
     m_contrats->supprimeContratsEtLiens(ids);
     m_table->clearSelection();
     recharger();
+    emit ecrit();
 }
 
 void ListeContrats::dupliquerSelection()
@@ -384,6 +386,7 @@ void ListeContrats::dupliquerSelection()
     for (const int id : idsSelectionnes())
         m_contrats->dupliqueContrat(id);
     recharger();
+    emit ecrit();
 }
 
 } // namespace corvane::app

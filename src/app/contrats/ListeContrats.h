@@ -13,6 +13,10 @@ class QPushButton;
 class QTableView;
 class QToolButton;
 
+namespace corvane {
+class Document;
+}
+
 namespace corvane::app {
 
 struct Environnement;
@@ -28,10 +32,10 @@ public:
     explicit ListeContrats(Environnement& environnement, QWidget* parent = nullptr);
     ~ListeContrats() override;
 
-    void setFile(const QString& chemin);
+    void setDocument(Document* document);
     // Rebuilds the list with the current filters.
     void recharger();
-    // Also re-reads the employers, types and jobs the filters offer.
+    // Also re-reads the employers, types and jobs the filters offer, and the remembered dates.
     void actualiser();
     // Deletes the selected contracts, after asking when the settings say so.
     void supprimerSelection();
@@ -43,6 +47,8 @@ public:
 
 signals:
     void nouveauDemande();
+    // The list wrote to the document and has read itself again.
+    void ecrit();
     void modificationDemandee(int id);
 
 protected:

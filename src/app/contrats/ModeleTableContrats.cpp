@@ -18,22 +18,48 @@ const QLocale& francais()
 
 ModeleTableContrats::ModeleTableContrats(QObject* parent) : QAbstractTableModel(parent) {}
 
-void ModeleTableContrats::setLignes(const Lignes& lignes, const QMap<int, QString>& types)
+namespace {
+
+// The listing key behind each column ("" for the type, shown by its label).
+const QStringList& clesColonnes()
+{
+    static const QStringList cles{"Date Debut", "Date Fin",     "Employeur",   "Emploi",   "Type", "Jours",
+                                  "Heures",     "Salaire Brut", "Salaire Net", "Effectue", "Paye", "Conges",
+                                  "AEM - FP",   "Lieu",         "Fonction",    "Note"};
+    return cles;
+}
+
+} // namespace
+
+void ModeleTableContrats::setTable(Table table, const QMap<int, QString>& types)
 {
     beginResetModel();
-    m_lignes = lignes;
+    m_table = std::move(table);
     m_types = types;
+    m_colonnes.clear();
+    for (const QString& cle : clesColonnes())
+        m_colonnes << m_table.colonne(cle);
+    m_id = m_table.colonne(QStringLiteral("Id Contrat"));
+    m_debutSQLite = m_table.colonne(QStringLiteral("Date Debut SQLite"));
+    m_finSQLite = m_table.colonne(QStringLiteral("Date Fin SQLite"));
     endResetModel();
+}
+
+QVariant ModeleTableContrats::valeur(const QVariantList& rangee, int colonneListe) const
+{
+    return colonneListe < 0 ? QVariant() : rangee.at(colonneListe);
 }
 
 int ModeleTableContrats::idContrat(int rangee) const
 {
-    return m_lignes.value(rangee).value(QStringLiteral("Id Contrat")).toInt();
+    if (rangee < 0 || rangee >= m_table.size())
+        return 0;
+    return valeur(m_table.rangees.at(rangee), m_id).toInt();
 }
 
 int ModeleTableContrats::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : int(m_lignes.size());
+    return parent.isValid() ? 0 : int(m_table.size());
 }
 
 int ModeleTableContrats::columnCount(const QModelIndex& parent) const
@@ -57,22 +83,22 @@ QString ModeleTableContrats::cleCoche(int colonne)
     }
 }
 
-bool ModeleTableContrats::estGroupee(const Ligne& ligne)
+bool ModeleTableContrats::estGroupee(const QVariantList& rangee) const
 {
-    const QDate debut = Dates::depuisSQLite(ligne.value(QStringLiteral("Date Debut SQLite")).toString());
-    const QDate fin = Dates::depuisSQLite(ligne.value(QStringLiteral("Date Fin SQLite")).toString());
+    const QDate debut = Dates::depuisSQLite(valeur(rangee, m_debutSQLite).toString());
+    const QDate fin = Dates::depuisSQLite(valeur(rangee, m_finSQLite).toString());
     return debut.isValid() && fin.isValid() && debut.daysTo(fin) + 1 >= 5;
 }
 
 QVariant ModeleTableContrats::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_lignes.size())
+    if (!index.isValid() || index.row() >= m_table.size() || index.column() >= NombreColonnes)
         return {};
-    const Ligne& l = m_lignes.at(index.row());
-    const QString cle = cleCoche(index.column());
-    if (!cle.isEmpty()) {
+    const QVariantList& l = m_table.rangees.at(index.row());
+    const QVariant v = valeur(l, m_colonnes.at(index.column()));
+    if (!cleCoche(index.column()).isEmpty()) {
         if (role == Qt::CheckStateRole)
-            return l.value(cle).toInt() != 0 ? Qt::Checked : Qt::Unchecked;
+            return v.toInt() != 0 ? Qt::Checked : Qt::Unchecked;
         return {};
     }
     if (role == Qt::ForegroundRole && (index.column() == Heures || index.column() == Jours) && estGroupee(l) &&
@@ -88,32 +114,15 @@ QVariant ModeleTableContrats::data(const QModelIndex& index, int role) const
     if (role != Qt::DisplayRole)
         return {};
     switch (index.column()) {
-    case Debut:
-        return l.value(QStringLiteral("Date Debut"));
-    case Fin:
-        return l.value(QStringLiteral("Date Fin"));
-    case Employeur:
-        return l.value(QStringLiteral("Employeur"));
-    case Emploi:
-        return l.value(QStringLiteral("Emploi"));
     case Type:
-        return m_types.value(l.value(QStringLiteral("Type")).toInt());
-    case Jours:
-        return l.value(QStringLiteral("Jours"));
-    case Heures:
-        return l.value(QStringLiteral("Heures"));
+        return m_types.value(v.toInt());
     case Brut:
-        return francais().toCurrencyString(l.value(QStringLiteral("Salaire Brut")).toDouble(), QStringLiteral("€"), 2);
     case Net:
-        return francais().toCurrencyString(l.value(QStringLiteral("Salaire Net")).toDouble(), QStringLiteral("€"), 2);
-    case Lieu:
-        return l.value(QStringLiteral("Lieu"));
-    case Fonction:
-        return l.value(QStringLiteral("Fonction"));
+        return francais().toCurrencyString(v.toDouble(), QStringLiteral("€"), 2);
     case Note:
-        return l.value(QStringLiteral("Note")).toString().simplified();
+        return v.toString().simplified();
     default:
-        return {};
+        return v;
     }
 }
 
@@ -135,17 +144,16 @@ Qt::ItemFlags ModeleTableContrats::flags(const QModelIndex& index) const
     return drapeaux;
 }
 
-bool ModeleTableContrats::setData(const QModelIndex& index, const QVariant& valeur, int role)
+bool ModeleTableContrats::setData(const QModelIndex& index, const QVariant& nouvelle, int role)
 {
-    const QString cle = cleCoche(index.column());
-    if (role != Qt::CheckStateRole || cle.isEmpty() || index.row() >= m_lignes.size())
+    if (role != Qt::CheckStateRole || cleCoche(index.column()).isEmpty() || index.row() >= m_table.size() ||
+        m_colonnes.at(index.column()) < 0)
         return false;
-    Ligne& l = m_lignes[index.row()];
-    l.insert(cle, valeur.toInt() == Qt::Checked ? 1 : 0);
+    QVariantList& l = m_table.rangees[index.row()];
+    l[m_colonnes.at(index.column())] = nouvelle.toInt() == Qt::Checked ? 1 : 0;
     emit dataChanged(index, index, {Qt::CheckStateRole});
-    emit cochesModifiees(l.value(QStringLiteral("Id Contrat")).toInt(), l.value(QStringLiteral("Effectue")).toInt(),
-                         l.value(QStringLiteral("Paye")).toInt(), l.value(QStringLiteral("Conges")).toInt(),
-                         l.value(QStringLiteral("AEM - FP")).toInt());
+    const auto coche = [&](int colonne) { return valeur(l, m_colonnes.at(colonne)).toInt(); };
+    emit cochesModifiees(valeur(l, m_id).toInt(), coche(Effectue), coche(Paye), coche(Conges), coche(AemFp));
     return true;
 }
 

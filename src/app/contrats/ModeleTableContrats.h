@@ -38,9 +38,10 @@ public:
     explicit ModeleTableContrats(QObject* parent = nullptr);
 
     // `types`: the label of each type key, contract and self-employment types together.
-    void setLignes(const Lignes& lignes, const QMap<int, QString>& types);
+    void setTable(Table table, const QMap<int, QString>& types);
     void setCouleurGroupee(const QColor& couleur) { m_couleurGroupee = couleur; }
-    const Ligne& ligne(int rangee) const { return m_lignes.at(rangee); }
+    const Table& table() const { return m_table; }
+    Ligne ligne(int rangee) const { return m_table.ligne(rangee); }
     int idContrat(int rangee) const;
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -52,15 +53,22 @@ public:
 
     // The listing key a check-box column edits.
     static QString cleCoche(int colonne);
-    // Five calendar days or more: what the grouped count under the list counts.
-    static bool estGroupee(const Ligne& ligne);
 
 signals:
     // A flag was ticked or cleared in a row: the four flags as they now are.
     void cochesModifiees(int id, int effectue, int paye, int conges, int aemFp);
 
 private:
-    Lignes m_lignes;
+    // Five calendar days or more: what the grouped count under the list counts.
+    bool estGroupee(const QVariantList& rangee) const;
+    QVariant valeur(const QVariantList& rangee, int colonneListe) const;
+
+    Table m_table;
+    // The listing's column behind each of ours (and the keys read for the flags and dates), found once per listing.
+    QList<int> m_colonnes;
+    int m_id = -1;
+    int m_debutSQLite = -1;
+    int m_finSQLite = -1;
     QMap<int, QString> m_types;
     QColor m_couleurGroupee;
 };

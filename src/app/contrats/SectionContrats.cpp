@@ -28,20 +28,38 @@ SectionContrats::SectionContrats(Environnement& environnement, QWidget* parent)
     connect(m_liste, &ListeContrats::nouveauDemande, this, &SectionContrats::nouveauContrat);
     connect(m_liste, &ListeContrats::modificationDemandee, this, &SectionContrats::modifierContrat);
     connect(m_formulaire, &FormulaireContrat::termine, this, &SectionContrats::afficherListe);
+    // The list reads itself again after what it writes (a tick, a deletion): the news of that write is old.
+    connect(m_liste, &ListeContrats::ecrit, this, &PageSection::ignorerProchainesModifications);
 }
 
-void SectionContrats::setFile(const QString& chemin)
+QSet<QString> SectionContrats::tablesLues() const
 {
-    PageSection::setFile(chemin);
-    m_formulaire->setFile(chemin);
-    m_liste->setFile(chemin);
-    m_etats->setCurrentWidget(m_liste);
+    // The list, its filters' choices, and what the reference period is made of.
+    return {
+        "contrats", "employeurs", "contrats_frais", "frais",           "contratstypes",         "autoentrepreneurtypes",
+        "emplois",  "periodes",   "utilisateur",    "securitesociale", "datesPeriodesPreferees"};
+}
+
+void SectionContrats::recharger()
+{
+    if (document() != m_documentAffiche) {
+        // Another document: the list's model (and its grouped count) starts anew.
+        m_documentAffiche = document();
+        m_formulaire->setDocument(document());
+        m_liste->setDocument(document());
+        m_etats->setCurrentWidget(m_liste);
+        return;
+    }
+    // A contract being typed is left alone: the list is read again when the form closes.
+    if (!enEdition())
+        m_liste->actualiser();
 }
 
 void SectionContrats::afficherListe()
 {
     m_etats->setCurrentWidget(m_liste);
-    m_liste->recharger();
+    m_liste->actualiser();
+    ignorerProchainesModifications();
     m_liste->table()->setFocus();
 }
 
@@ -60,14 +78,6 @@ void SectionContrats::modifierContrat(int id)
 {
     if (m_formulaire->modifier(id))
         m_etats->setCurrentWidget(m_formulaire);
-}
-
-void SectionContrats::showEvent(QShowEvent* evenement)
-{
-    // Employers and contracts may have changed in another section meanwhile.
-    PageSection::showEvent(evenement);
-    if (!enEdition() && !cheminDuFichier().isEmpty())
-        m_liste->actualiser();
 }
 
 bool SectionContrats::enEdition() const

@@ -2,7 +2,6 @@
 
 #include "app/PageSection.h"
 
-class QShowEvent;
 class QStackedWidget;
 
 namespace corvane::app {
@@ -20,7 +19,6 @@ class SectionContrats : public PageSection
 public:
     SectionContrats(Environnement& environnement, QWidget* parent = nullptr);
 
-    void setFile(const QString& chemin) override;
     void afficherListe();
     void nouveauContrat();
     void modifierContrat(int id);
@@ -30,10 +28,12 @@ public:
     FormulaireContrat* formulaire() const { return m_formulaire; }
 
 protected:
-    void showEvent(QShowEvent* evenement) override;
+    QSet<QString> tablesLues() const override;
+    void recharger() override;
 
 private:
     Environnement& m_environnement;
+    Document* m_documentAffiche = nullptr;
     QStackedWidget* m_etats = nullptr;
     ListeContrats* m_liste = nullptr;
     FormulaireContrat* m_formulaire = nullptr;

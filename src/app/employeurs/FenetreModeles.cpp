@@ -1,5 +1,7 @@
 #include "app/employeurs/FenetreModeles.h"
 
+#include "store/Document.h"
+
 #include "app/Environnement.h"
 #include "app/MemoireColonnes.h"
 #include "records/Employeurs.h"
@@ -46,9 +48,8 @@ QDoubleSpinBox* montant(QWidget* parent, const QString& nom)
 
 } // namespace
 
-FenetreModeles::FenetreModeles(Environnement& environnement, const QString& chemin, QWidget* parent)
-    : QDialog(parent), m_environnement(environnement), m_chemin(chemin),
-      m_modeles(std::make_unique<ContratsModeles>(chemin))
+FenetreModeles::FenetreModeles(Environnement& environnement, Document& document, QWidget* parent)
+    : QDialog(parent), m_environnement(environnement), m_modeles(std::make_unique<ContratsModeles>(document.base()))
 {
     setObjectName(QStringLiteral("fenetreModeles"));
     setWindowTitle(kTitre);
@@ -106,11 +107,12 @@ FenetreModeles::FenetreModeles(Environnement& environnement, const QString& chem
                   m_netAPayer = montant(this, QStringLiteral("champNetAPayerModele")));
     m_employeur = new QComboBox(this);
     m_employeur->setObjectName(QStringLiteral("champEmployeurModele"));
-    for (const Ligne& l : Employeurs(chemin).listeLesEmployeurs()) {
-        const QString commune = l.value("Commune").toString();
-        m_employeur->addItem(commune.isEmpty() ? l.value("Enseigne").toString()
-                                               : QStringLiteral("%1 (%2)").arg(l.value("Enseigne").toString(), commune),
-                             l.value("Id"));
+    const Table employeurs = Employeurs(m_modeles->db()).listeLesEmployeurs();
+    for (qsizetype i = 0; i < employeurs.size(); ++i) {
+        const QString enseigne = employeurs.valeur(i, "Enseigne").toString();
+        const QString commune = employeurs.valeur(i, "Commune").toString();
+        m_employeur->addItem(commune.isEmpty() ? enseigne : QStringLiteral("%1 (%2)").arg(enseigne, commune),
+                             employeurs.valeur(i, "Id"));
     }
     forme->addRow(QStringLiteral("Employeur"), m_employeur);
     m_associerFrais = new QCheckBox(QStringLiteral("Créer aussi une dépense avec le contrat"), this);
@@ -164,13 +166,6 @@ FenetreModeles::FenetreModeles(Environnement& environnement, const QString& chem
     // Columns fitted to their contents until the user sets them.
     m_liste->resizeColumnsToContents();
     memoriserColonnes(m_liste, environnement.reglages, Reglages::Cle::ContratsModelesColonnes);
-}
-
-FenetreModeles::~FenetreModeles()
-{
-    // The widgets going away must not reach the templates' connection, which goes first.
-    for (QObject* enfant : findChildren<QObject*>())
-        enfant->disconnect(this);
 }
 
 void FenetreModeles::recharger(int idASelectionner)
@@ -306,7 +301,7 @@ void FenetreModeles::supprimer()
     if (id == 0)
         return;
     // When employers carry it, the template's own question is the confirmation.
-    const bool utilise = Employeurs(m_chemin).compteLesEmployeursParModeleDeContrat(id) > 0;
+    const bool utilise = Employeurs(m_modeles->db()).compteLesEmployeursParModeleDeContrat(id) > 0;
     if (!utilise && m_environnement.reglages.booleen(Reglages::Cle::DeleteAlerts)) {
         const QString reponse = m_environnement.dialogues.question(
             kTitre, QStringLiteral("Souhaitez-vous supprimer le modèle « %1 » ?").arg(m_modele.libelle),

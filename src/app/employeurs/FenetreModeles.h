@@ -13,6 +13,10 @@ class QPushButton;
 class QSpinBox;
 class QTableWidget;
 
+namespace corvane {
+class Document;
+}
+
 namespace corvane::app {
 
 struct Environnement;
@@ -24,8 +28,7 @@ class FenetreModeles : public QDialog
     Q_OBJECT
 
 public:
-    FenetreModeles(Environnement& environnement, const QString& chemin, QWidget* parent = nullptr);
-    ~FenetreModeles() override;
+    FenetreModeles(Environnement& environnement, Document& document, QWidget* parent = nullptr);
 
     void recharger(int idASelectionner = 0);
     void nouveauModele();
@@ -40,7 +43,6 @@ private:
     void selectionChangee();
 
     Environnement& m_environnement;
-    QString m_chemin;
     std::unique_ptr<ContratsModeles> m_modeles;
     ContratModele m_modele;
 

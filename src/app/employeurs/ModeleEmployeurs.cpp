@@ -40,19 +40,28 @@ void ModeleEmployeurs::setEmployeurs(Employeurs* employeurs)
 void ModeleEmployeurs::recharger()
 {
     beginResetModel();
-    m_lignes = m_employeurs ? m_employeurs->listeLesEmployeurs() : Lignes();
+    m_table = m_employeurs ? m_employeurs->listeLesEmployeurs() : Table();
+    m_colonnes.clear();
+    for (int colonne = 0; colonne < NombreColonnes; ++colonne)
+        m_colonnes << m_table.colonne(cle(colonne));
+    m_id = m_table.colonne(QStringLiteral("Id"));
     endResetModel();
+}
+
+QVariant ModeleEmployeurs::valeur(int rangee, int colonne) const
+{
+    return colonne < 0 || rangee < 0 || rangee >= m_table.size() ? QVariant() : m_table.rangees.at(rangee).at(colonne);
 }
 
 int ModeleEmployeurs::idDeLaLigne(int rangee) const
 {
-    return rangee >= 0 && rangee < m_lignes.size() ? m_lignes.at(rangee).value("Id").toInt() : 0;
+    return valeur(rangee, m_id).toInt();
 }
 
 int ModeleEmployeurs::rangeeDeLId(int id) const
 {
-    for (int i = 0; i < m_lignes.size(); ++i) {
-        if (m_lignes.at(i).value("Id").toInt() == id)
+    for (int i = 0; i < m_table.size(); ++i) {
+        if (valeur(i, m_id).toInt() == id)
             return i;
     }
     return -1;
@@ -60,7 +69,7 @@ int ModeleEmployeurs::rangeeDeLId(int id) const
 
 int ModeleEmployeurs::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : int(m_lignes.size());
+    return parent.isValid() ? 0 : int(m_table.size());
 }
 
 int ModeleEmployeurs::columnCount(const QModelIndex& parent) const
@@ -70,18 +79,18 @@ int ModeleEmployeurs::columnCount(const QModelIndex& parent) const
 
 QVariant ModeleEmployeurs::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_lignes.size())
+    if (!index.isValid() || index.row() >= m_table.size() || index.column() >= NombreColonnes)
         return {};
-    const Ligne& l = m_lignes.at(index.row());
+    const QVariant v = valeur(index.row(), m_colonnes.at(index.column()));
     if (index.column() == Conventionne) {
         if (role == Qt::CheckStateRole)
-            return l.value("Conventionne").toInt() != 0 ? Qt::Checked : Qt::Unchecked;
+            return v.toInt() != 0 ? Qt::Checked : Qt::Unchecked;
         if (role == Qt::ToolTipRole)
             return QStringLiteral("Employeur conventionné");
         return {};
     }
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return l.value(cle(index.column())).toString();
+        return v.toString();
     return {};
 }
 
@@ -115,7 +124,8 @@ bool ModeleEmployeurs::setData(const QModelIndex& index, const QVariant& valeur,
     const int id = idDeLaLigne(index.row());
     if (!m_employeurs->enregistreLesCochesPourId(id, coche))
         return false;
-    m_lignes[index.row()].insert("Conventionne", coche ? 1 : 0);
+    if (const int colonne = m_colonnes.at(Conventionne); colonne >= 0)
+        m_table.rangees[index.row()][colonne] = coche ? 1 : 0;
     emit dataChanged(index, index, {Qt::CheckStateRole});
     return true;
 }

@@ -34,7 +34,7 @@ public:
     // The model the rows are read from and the box written to (none: an empty list).
     void setEmployeurs(Employeurs* employeurs);
     void recharger();
-    const Ligne& ligne(int rangee) const { return m_lignes.at(rangee); }
+    Ligne ligne(int rangee) const { return m_table.ligne(rangee); }
     int idDeLaLigne(int rangee) const;
     int rangeeDeLId(int id) const;
 
@@ -46,8 +46,13 @@ public:
     bool setData(const QModelIndex& index, const QVariant& valeur, int role = Qt::EditRole) override;
 
 private:
+    QVariant valeur(int rangee, int colonne) const;
+
     Employeurs* m_employeurs = nullptr;
-    Lignes m_lignes;
+    Table m_table;
+    // The listing's column behind each of ours, and the id's, found once per listing.
+    QList<int> m_colonnes;
+    int m_id = -1;
 };
 
 } // namespace corvane::app

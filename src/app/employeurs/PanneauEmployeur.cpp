@@ -1,5 +1,7 @@
 #include "app/employeurs/PanneauEmployeur.h"
 
+#include "store/Document.h"
+
 #include "app/Environnement.h"
 #include "records/ContratsModeles.h"
 #include "store/Dialogues.h"
@@ -124,15 +126,13 @@ QLineEdit* PanneauEmployeur::champ(const QString& nom)
     return edition;
 }
 
-void PanneauEmployeur::setFile(const QString& chemin)
+void PanneauEmployeur::setDocument(Document* document)
 {
-    m_chemin = chemin;
+    m_document = document;
     m_qualite->clear();
-    if (!chemin.isEmpty()) {
-        Intermittent document(chemin);
-        for (const Ligne& l : document.db().lignes(QStringLiteral("SELECT q_id, q_libelle FROM qualites ORDER BY "
-                                                                  "q_libelle ASC;")))
-            m_qualite->addItem(l.value("q_libelle").toString(), l.value("q_id"));
+    if (document) {
+        for (const auto& [id, libelle] : Employeurs(document->base()).qualites())
+            m_qualite->addItem(libelle, id);
     }
     vider();
 }
@@ -200,14 +200,14 @@ Employeur PanneauEmployeur::saisie() const
 void PanneauEmployeur::afficherModele()
 {
     QString libelle;
-    if (m_modeleId != 0 && !m_chemin.isEmpty())
-        libelle = ContratsModeles(m_chemin).retrouveLibelleFromId(m_modeleId);
+    if (m_modeleId != 0 && m_document)
+        libelle = ContratsModeles(m_document->base()).retrouveLibelleFromId(m_modeleId);
     m_modele->setText(libelle.isEmpty() ? QStringLiteral("Aucun") : libelle);
 }
 
 void PanneauEmployeur::proposerModeles()
 {
-    const Lignes modeles = m_chemin.isEmpty() ? Lignes() : ContratsModeles(m_chemin).listeLesModeles_v4();
+    const Lignes modeles = m_document ? ContratsModeles(m_document->base()).listeLesModeles_v4() : Lignes();
     if (modeles.isEmpty()) {
         m_environnement.dialogues.information(QStringLiteral("Associer un modèle de contrat"),
                                               QStringLiteral("Il n'existe aucun modèle."), QStringLiteral("Fermer"));

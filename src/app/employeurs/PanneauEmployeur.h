@@ -1,5 +1,9 @@
 #pragma once
 
+#include "store/Document.h"
+
+#include <QPointer>
+
 #include "records/Employeurs.h"
 
 #include <QWidget>
@@ -26,7 +30,7 @@ public:
     PanneauEmployeur(Environnement& environnement, QWidget* parent = nullptr);
 
     // The document the qualities and templates are read from.
-    void setFile(const QString& chemin);
+    void setDocument(Document* document);
     void afficher(const Employeur& employeur);
     // A blank form for a new employer.
     void vider();
@@ -49,7 +53,7 @@ private:
     void montrerCouleur();
 
     Environnement& m_environnement;
-    QString m_chemin;
+    QPointer<Document> m_document;
     Employeur m_employeur;
     int m_modeleId = 0;
     QString m_couleur;

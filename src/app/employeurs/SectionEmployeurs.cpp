@@ -11,6 +11,7 @@
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Employeurs.h"
 #include "store/Dialogues.h"
+#include "store/Document.h"
 #include "store/Reglages.h"
 
 #include <QAction>
@@ -119,29 +120,25 @@ SectionEmployeurs::SectionEmployeurs(Environnement& environnement, QWidget* pare
     connect(m_modele, &QAbstractItemModel::dataChanged, this, [this] { selectionChangee(); });
 }
 
-SectionEmployeurs::~SectionEmployeurs()
+SectionEmployeurs::~SectionEmployeurs() = default;
+
+QSet<QString> SectionEmployeurs::tablesLues() const
 {
-    // The widgets going away must not reach the employers' connection, which goes first.
-    for (QObject* enfant : findChildren<QObject*>())
-        enfant->disconnect(this);
-    m_modele->setEmployeurs(nullptr);
+    // The list, the form's choices, and each employer's totals and chart.
+    return {"employeurs", "contrats", "contratsmodeles", "qualites"};
 }
 
-void SectionEmployeurs::setFile(const QString& chemin)
+void SectionEmployeurs::recharger()
 {
-    PageSection::setFile(chemin);
-    m_modele->setEmployeurs(nullptr);
-    m_employeurs.reset(chemin.isEmpty() ? nullptr : new Employeurs(chemin));
-    m_panneau->setFile(chemin);
-    recharger(0);
-}
-
-void SectionEmployeurs::showEvent(QShowEvent* evenement)
-{
-    PageSection::showEvent(evenement);
-    // Contracts may have changed elsewhere since the totals were drawn.
-    majCumuls();
-    m_cumuls->afficherGraphique(m_employeurs.get());
+    if (document() != m_documentAffiche) {
+        m_documentAffiche = document();
+        m_modele->setEmployeurs(nullptr);
+        m_employeurs.reset(document() && document()->estOuvert() ? new Employeurs(document()->base()) : nullptr);
+        m_panneau->setDocument(document());
+        afficherListe(0);
+        return;
+    }
+    afficherListe(idSelectionne());
 }
 
 bool SectionEmployeurs::documentOuvert()
@@ -152,7 +149,7 @@ bool SectionEmployeurs::documentOuvert()
     return false;
 }
 
-void SectionEmployeurs::recharger(int idASelectionner)
+void SectionEmployeurs::afficherListe(int idASelectionner)
 {
     m_modele->setEmployeurs(m_employeurs.get());
     const int nombre = m_modele->rowCount();
@@ -233,7 +230,8 @@ void SectionEmployeurs::enregistrer()
         m_employeurs->modifieEmployeur(employeur);
     }
     m_employeurs->enregistreComplements(employeur);
-    recharger(employeur.id);
+    afficherListe(employeur.id);
+    ignorerProchainesModifications();
 }
 
 void SectionEmployeurs::supprimer()
@@ -252,8 +250,10 @@ void SectionEmployeurs::supprimer()
         if (reponse != QStringLiteral("Supprimer"))
             return;
     }
-    if (m_employeurs->supprimeEmployeurAvecVerification(id, m_environnement.dialogues))
-        recharger(0);
+    if (m_employeurs->supprimeEmployeurAvecVerification(id, m_environnement.dialogues)) {
+        afficherListe(0);
+        ignorerProchainesModifications();
+    }
 }
 
 void SectionEmployeurs::importer()
@@ -270,7 +270,8 @@ void SectionEmployeurs::importer()
         m_environnement.dialogues.information(Employeurs::titreImport(), refus, QStringLiteral("Fermer"));
         return;
     }
-    recharger(idSelectionne());
+    afficherListe(idSelectionne());
+    ignorerProchainesModifications();
     m_environnement.dialogues.information(
         Employeurs::titreImport(),
         nombre == 0   ? QStringLiteral("Aucun nouvel employeur : ils sont tous déjà dans ce fichier.")
@@ -283,10 +284,8 @@ void SectionEmployeurs::gererModeles()
 {
     if (!documentOuvert())
         return;
-    auto* fenetre = new FenetreModeles(m_environnement, cheminDuFichier(), this);
+    auto* fenetre = new FenetreModeles(m_environnement, *document(), this);
     fenetre->setAttribute(Qt::WA_DeleteOnClose);
-    // Deleting a template clears it from the employers that carried it.
-    connect(fenetre, &QDialog::finished, this, [this] { recharger(idSelectionne()); });
     fenetre->open();
 }
 

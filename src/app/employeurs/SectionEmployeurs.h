@@ -30,8 +30,6 @@ public:
     SectionEmployeurs(Environnement& environnement, QWidget* parent = nullptr);
     ~SectionEmployeurs() override;
 
-    void setFile(const QString& chemin) override;
-
     int idSelectionne() const;
     void selectionner(int id);
     void nouvelEmployeur();
@@ -41,15 +39,17 @@ public:
     void gererModeles();
 
 protected:
-    void showEvent(QShowEvent* evenement) override;
+    QSet<QString> tablesLues() const override;
+    void recharger() override;
 
 private:
     bool documentOuvert();
-    void recharger(int idASelectionner);
+    void afficherListe(int idASelectionner);
     void selectionChangee();
     void majCumuls();
 
     Environnement& m_environnement;
+    Document* m_documentAffiche = nullptr;
     std::unique_ptr<Employeurs> m_employeurs;
     ModeleEmployeurs* m_modele = nullptr;
     QSortFilterProxyModel* m_tri = nullptr;

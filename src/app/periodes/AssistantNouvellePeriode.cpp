@@ -1,5 +1,7 @@
 #include "app/periodes/AssistantNouvellePeriode.h"
 
+#include "store/Document.h"
+
 #include "app/Environnement.h"
 #include "store/Dialogues.h"
 
@@ -58,8 +60,8 @@ QDoubleSpinBox* montant(QWidget* parent, const QString& nom)
 
 } // namespace
 
-AssistantNouvellePeriode::AssistantNouvellePeriode(Environnement& environnement, const QString& chemin, QWidget* parent)
-    : QDialog(parent), m_environnement(environnement), m_assistant(chemin)
+AssistantNouvellePeriode::AssistantNouvellePeriode(Environnement& environnement, Document& document, QWidget* parent)
+    : QDialog(parent), m_environnement(environnement), m_assistant(document.base())
 {
     setObjectName(QStringLiteral("assistantNouvellePeriode"));
     setWindowTitle(QStringLiteral("Nouvelle période"));

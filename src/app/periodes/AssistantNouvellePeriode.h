@@ -12,6 +12,10 @@ class QLineEdit;
 class QPlainTextEdit;
 class QSpinBox;
 
+namespace corvane {
+class Document;
+}
+
 namespace corvane::app {
 
 struct Environnement;
@@ -24,7 +28,7 @@ class AssistantNouvellePeriode : public QDialog
     Q_OBJECT
 
 public:
-    AssistantNouvellePeriode(Environnement& environnement, const QString& chemin, QWidget* parent = nullptr);
+    AssistantNouvellePeriode(Environnement& environnement, Document& document, QWidget* parent = nullptr);
 
     // Checks and saves; on success the window closes. False when refused (the window stays).
     bool enregistrer();

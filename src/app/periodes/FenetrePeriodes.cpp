@@ -1,5 +1,8 @@
 #include "app/periodes/FenetrePeriodes.h"
 
+#include "store/Document.h"
+#include "store/Horloge.h"
+
 #include "app/Environnement.h"
 #include "app/MemoireColonnes.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
@@ -54,8 +57,9 @@ QPushButton* bouton(QWidget* parent, const QString& texte, const QString& nom)
 
 } // namespace
 
-FenetrePeriodes::FenetrePeriodes(Environnement& environnement, const QString& chemin, QWidget* parent)
-    : QDialog(parent), m_environnement(environnement), m_chemin(chemin), m_periodes(std::make_unique<Periodes>(chemin))
+FenetrePeriodes::FenetrePeriodes(Environnement& environnement, Document& document, QWidget* parent)
+    : QDialog(parent), m_environnement(environnement), m_document(document),
+      m_periodes(std::make_unique<Periodes>(document.base()))
 {
     setObjectName(QStringLiteral("fenetrePeriodes"));
     setWindowTitle(NouvellePeriode::titre());
@@ -134,9 +138,6 @@ FenetrePeriodes::FenetrePeriodes(Environnement& environnement, const QString& ch
 
 FenetrePeriodes::~FenetrePeriodes()
 {
-    // The widgets going away must not reach the periods' connection, which goes first.
-    for (QObject* enfant : findChildren<QObject*>())
-        enfant->disconnect(this);
     m_modele->setPeriodes(nullptr);
 }
 
@@ -172,8 +173,8 @@ void FenetrePeriodes::selectionChangee()
         w->setEnabled(p.has_value());
     const Periode periode = p.value_or(Periode());
     m_libelle->setText(periode.libelle);
-    m_debut->setDate(periode.debut.isValid() ? periode.debut : QDate::currentDate());
-    m_fin->setDate(periode.fin.isValid() ? periode.fin : QDate::currentDate());
+    m_debut->setDate(periode.debut.isValid() ? periode.debut : Horloge::aujourdhui());
+    m_fin->setDate(periode.fin.isValid() ? periode.fin : Horloge::aujourdhui());
     m_notes->setPlainText(periode.notes);
     m_conges->setValue(periode.conges);
     m_franchise->setValue(periode.franchiseSalaires);
@@ -250,7 +251,7 @@ void FenetrePeriodes::desactiver(int id)
 
 void FenetrePeriodes::nouvellePeriode()
 {
-    auto* assistant = new AssistantNouvellePeriode(m_environnement, m_chemin, this);
+    auto* assistant = new AssistantNouvellePeriode(m_environnement, m_document, this);
     assistant->setAttribute(Qt::WA_DeleteOnClose);
     connect(assistant, &AssistantNouvellePeriode::periodeEnregistree, this, [this](int id) {
         recharger(id);

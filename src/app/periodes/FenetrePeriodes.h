@@ -14,6 +14,10 @@ namespace corvane {
 class Periodes;
 }
 
+namespace corvane {
+class Document;
+}
+
 namespace corvane::app {
 
 struct Environnement;
@@ -28,7 +32,7 @@ class FenetrePeriodes : public QDialog
     Q_OBJECT
 
 public:
-    FenetrePeriodes(Environnement& environnement, const QString& chemin, QWidget* parent = nullptr);
+    FenetrePeriodes(Environnement& environnement, Document& document, QWidget* parent = nullptr);
     ~FenetrePeriodes() override;
 
     void recharger(int idASelectionner = 0);
@@ -48,7 +52,7 @@ private:
     void selectionChangee();
 
     Environnement& m_environnement;
-    QString m_chemin;
+    Document& m_document;
     std::unique_ptr<Periodes> m_periodes;
     ModelePeriodes* m_modele = nullptr;
     QTableView* m_liste = nullptr;

@@ -1,5 +1,7 @@
 #include "app/profil/FenetreProfil.h"
 
+#include "store/Document.h"
+
 #include "app/ActionsRapport.h"
 #include "app/Environnement.h"
 #include "exchange/RapportsEnregistrements.h"
@@ -22,8 +24,9 @@
 
 namespace corvane::app {
 
-FenetreProfil::FenetreProfil(Environnement& environnement, const QString& chemin, QWidget* parent)
-    : QDialog(parent), m_environnement(environnement), m_chemin(chemin), m_profil(std::make_unique<Profil>(chemin))
+FenetreProfil::FenetreProfil(Environnement& environnement, Document* document, QWidget* parent)
+    : QDialog(parent), m_environnement(environnement), m_chemin(document ? document->chemin() : QString()),
+      m_profil(document ? std::make_unique<Profil>(document->base()) : std::make_unique<Profil>())
 {
     setObjectName(QStringLiteral("fenetreProfil"));
     setWindowTitle(QStringLiteral("Profil"));
@@ -69,12 +72,9 @@ FenetreProfil::FenetreProfil(Environnement& environnement, const QString& chemin
 
 FenetreProfil::~FenetreProfil()
 {
-    // The field being typed is saved while the profile is still there; after that, the
-    // widgets going away must not reach it.
+    // The field being typed is saved while the profile is still there.
     if (QWidget* champ = focusWidget())
         champ->clearFocus();
-    for (QObject* enfant : findChildren<QObject*>())
-        enfant->disconnect(this);
 }
 
 void FenetreProfil::recharger()

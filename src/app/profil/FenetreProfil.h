@@ -16,6 +16,10 @@ class QLineEdit;
 class QSpinBox;
 class QTabWidget;
 
+namespace corvane {
+class Document;
+}
+
 namespace corvane::app {
 
 struct Environnement;
@@ -28,7 +32,7 @@ class FenetreProfil : public QDialog
     Q_OBJECT
 
 public:
-    FenetreProfil(Environnement& environnement, const QString& chemin, QWidget* parent = nullptr);
+    FenetreProfil(Environnement& environnement, Document* document, QWidget* parent = nullptr);
     ~FenetreProfil() override;
 
     // Reads the profile again and shows it.
