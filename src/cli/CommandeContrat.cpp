@@ -36,7 +36,7 @@ protected:
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         if (!documentAccessible(contexte, chemin, &code))
             return code;
-        if (Contrats(chemin).db().entier(QStringLiteral("SELECT COUNT(*) FROM contrats WHERE c_id = %1;").arg(id)) == 0)
+        if (!Contrats(chemin).contratExiste(id))
             return echec(contexte, QStringLiteral("aucun contrat ne porte le numéro %1.").arg(id));
         if (!preparerEcriture(contexte, chemin, &code))
             return code;

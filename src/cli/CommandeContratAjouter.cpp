@@ -184,13 +184,12 @@ private:
                        : 0;
         if (const int id = contrats.retrouveContratTypeId(texte); id != 0)
             return id;
-        return int(contrats.db().entier("SELECT ae_id FROM autoentrepreneurtypes WHERE ae_type = ?;", {texte}));
+        return contrats.retrouveTypeAutoEntrepreneurId(texte);
     }
 
     static QStringList typesConnus(Contrats& contrats)
     {
-        return contrats.db().colonne("SELECT ct_type FROM contratstypes ORDER BY ct_id ASC;") +
-               contrats.db().colonne("SELECT ae_type FROM autoentrepreneurtypes ORDER BY ae_id ASC;");
+        return contrats.tousLesTypesDeContrats() + contrats.typesAutoEntrepreneur(false);
     }
 };
 

@@ -44,11 +44,7 @@ protected:
             return e.code == MauvaisUsage ? mauvaisUsage(contexte, e.message) : echec(contexte, e.message);
 
         // A document not yet upgraded lacks the screen's columns: the model's own listing is given then.
-        const bool colonnesEcran =
-            Requete(contrats.db(), "SELECT c_aem_fp, c_pas, c_lieu, c_annee_encaissement, e_guso, (SELECT "
-                                   "COUNT(frais_id) FROM contrats_frais) FROM contrats JOIN employeurs LIMIT 0;")
-                .estPreparee();
-        const Table table = contrats.listeLesContrats(filtre, colonnesEcran);
+        const Table table = contrats.listeLesContrats(filtre, contrats.aLesColonnesEcran());
 
         if (contexte.json) {
             FluxJson(contexte.sortie)
@@ -127,7 +123,7 @@ ErreurFiltre lireFiltreContrats(Arguments& arguments, Contrats& contrats, Filtre
         filtre.filtreType = true;
         filtre.type = arguments.valeur("type");
         if (contrats.retrouveContratTypeId(filtre.type) == 0 &&
-            contrats.db().entier("SELECT ae_id FROM autoentrepreneurtypes WHERE ae_type = ?;", {filtre.type}) == 0)
+            contrats.retrouveTypeAutoEntrepreneurId(filtre.type) == 0)
             return {MauvaisUsage, QStringLiteral("type de contrat inconnu : « %1 »").arg(filtre.type)};
     }
     if (arguments.contient("employeur")) {

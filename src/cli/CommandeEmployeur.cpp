@@ -157,8 +157,7 @@ private:
                 return echec(contexte, Employeurs::questionContratsAttribues() +
                                            QStringLiteral("\n(répondez « Tout » avec --tout)"));
             if (contrats == 0)
-                modeles = int(employeurs.db().entier(
-                    QStringLiteral("SELECT COUNT(*) FROM contratsmodeles WHERE cm_employeur = %1;").arg(id)));
+                modeles = ContratsModeles(employeurs.db()).compteLesModelesDeLEmployeur(id);
         }
         if (!preparerEcriture(contexte, chemin, &code))
             return code;

@@ -40,6 +40,18 @@ Contrats::Contrats(BaseDeDonnees& connexion) : Intermittent(connexion)
     dateFin = Horloge::aujourdhui();
 }
 
+bool Contrats::contratExiste(int id)
+{
+    return m_db.entier(QStringLiteral("SELECT COUNT(*) FROM contrats WHERE c_id = ?;"), {id}) > 0;
+}
+
+bool Contrats::aLesColonnesEcran()
+{
+    return Requete(m_db, QStringLiteral("SELECT c_aem_fp, c_pas, c_lieu, c_annee_encaissement, e_guso, (SELECT "
+                                        "COUNT(frais_id) FROM contrats_frais) FROM contrats JOIN employeurs LIMIT 0;"))
+        .estPreparee();
+}
+
 int Contrats::compteLesContrats()
 {
     return int(m_db.entier("SELECT COUNT(*) AS compteurContrats FROM contrats;"));

@@ -68,6 +68,9 @@ public:
     QString clauseWhere;
 
     int compteLesContrats();
+    bool contratExiste(int id);
+    // A document not yet upgraded lacks the columns the screen's listing reads.
+    bool aLesColonnesEcran();
     int compteLesContratsParEmployeur(int employeurId);
     // The sixteen-column statements of the model (note and function bound).
     int enregistreContrat();

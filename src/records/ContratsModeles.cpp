@@ -36,6 +36,12 @@ QString montant(double valeur)
 
 ContratsModeles::ContratsModeles(const QString& chemin) : Intermittent(chemin) {}
 
+int ContratsModeles::compteLesModelesDeLEmployeur(int employeurId)
+{
+    return int(
+        m_db.entier(QStringLiteral("SELECT COUNT(*) FROM contratsmodeles WHERE cm_employeur = ?;"), {employeurId}));
+}
+
 const QStringList& ContratsModeles::clesListe()
 {
     static const QStringList cles = [] {

@@ -34,6 +34,9 @@ public:
     explicit ContratsModeles(const QString& chemin = QString());
     explicit ContratsModeles(BaseDeDonnees& connexion) : Intermittent(connexion) {}
 
+    // The templates an employer carries as their own.
+    int compteLesModelesDeLEmployeur(int employeurId);
+
     // The list's display keys ("Id", "Nom du modèle", …).
     static const QStringList& clesListe();
     static ContratModele depuisLigne(const Ligne& ligne);

@@ -365,6 +365,61 @@ QStringList Intermittent::rempliPopup(const QString& table)
     return {};
 }
 
+namespace {
+
+Intermittent::Choix choixDepuis(BaseDeDonnees& base, const QString& sql)
+{
+    Intermittent::Choix choix;
+    Requete r(base, sql);
+    while (r.suivante())
+        choix.append({int(r.entier(0)), r.texte(1)});
+    return choix;
+}
+
+} // namespace
+
+Intermittent::Choix Intermittent::choixEmployeurs()
+{
+    return choixDepuis(m_db, QStringLiteral("SELECT e_id, e_raison_sociale FROM employeurs ORDER BY e_raison_sociale "
+                                            "ASC;"));
+}
+
+Intermittent::Choix Intermittent::choixEmplois()
+{
+    return choixDepuis(m_db, QStringLiteral("SELECT e_id, e_emploi FROM emplois ORDER BY e_id ASC;"));
+}
+
+Intermittent::Choix Intermittent::choixAbattements()
+{
+    return choixDepuis(m_db, QStringLiteral("SELECT a_id, a_pourcentage FROM abattements ORDER BY a_pourcentage ASC;"));
+}
+
+Intermittent::Choix Intermittent::choixTypesDeFrais()
+{
+    return choixDepuis(m_db, QStringLiteral("SELECT ft_id, ft_type FROM fraistypes ORDER BY ft_type ASC;"));
+}
+
+QMap<int, QString> Intermittent::libellesDesTypesDeContrat()
+{
+    QMap<int, QString> libelles;
+    for (const auto& [id, libelle] : choixDepuis(m_db, QStringLiteral("SELECT ct_id, ct_type FROM contratstypes UNION "
+                                                                      "SELECT ae_id, ae_type FROM "
+                                                                      "autoentrepreneurtypes;")))
+        libelles.insert(id, libelle);
+    return libelles;
+}
+
+QStringList Intermittent::typesAutoEntrepreneur(bool parLibelle)
+{
+    return m_db.colonne(parLibelle ? QStringLiteral("SELECT ae_type FROM autoentrepreneurtypes ORDER BY ae_type ASC;")
+                                   : QStringLiteral("SELECT ae_type FROM autoentrepreneurtypes ORDER BY ae_id ASC;"));
+}
+
+int Intermittent::retrouveTypeAutoEntrepreneurId(const QString& type)
+{
+    return int(m_db.entier(QStringLiteral("SELECT ae_id FROM autoentrepreneurtypes WHERE ae_type = ?;"), {type}));
+}
+
 QStringList Intermittent::tousLesEmplois()
 {
     return m_db.colonne("SELECT e_emploi FROM emplois;");

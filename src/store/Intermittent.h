@@ -4,6 +4,8 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QMap>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -97,6 +99,17 @@ public:
     QDateTime retrouveDatePreferee(int id);
     void enregistreDatePreferee(const QString& element, const QDate& date);
     QDateTime retrouveDatePreferee(const QString& element);
+
+    // Reference lists as (id, label), for the choices of a form.
+    using Choix = QList<QPair<int, QString>>;
+    Choix choixEmployeurs();   // by name
+    Choix choixEmplois();      // by id
+    Choix choixAbattements();  // by percentage, the label being the percentage
+    Choix choixTypesDeFrais(); // by label
+    // Contract kinds and self-employment kinds, one id space.
+    QMap<int, QString> libellesDesTypesDeContrat();
+    QStringList typesAutoEntrepreneur(bool parLibelle); // else by id
+    int retrouveTypeAutoEntrepreneurId(const QString& type);
 
     // List fillers.
     QStringList rempliPopup(const QString& table); // "employeurs" or "fraistypes"

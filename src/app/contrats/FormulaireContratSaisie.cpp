@@ -76,13 +76,12 @@ void FormulaireContrat::remplirListes()
     m_employeur->addItem(QStringLiteral("Choisir un employeur…"), 0);
     if (!m_contrats)
         return;
-    BaseDeDonnees& db = m_contrats->db();
-    for (const Ligne& l : db.lignes("SELECT e_id, e_raison_sociale FROM employeurs ORDER BY e_raison_sociale ASC;"))
-        m_employeur->addItem(l.value("e_raison_sociale").toString(), l.value("e_id").toInt());
-    for (const Ligne& l : db.lignes("SELECT e_id, e_emploi FROM emplois ORDER BY e_id ASC;"))
-        m_emploi->addItem(l.value("e_emploi").toString(), l.value("e_id").toInt());
-    for (const Ligne& l : db.lignes("SELECT a_id, a_pourcentage FROM abattements ORDER BY a_pourcentage ASC;"))
-        m_abattement->addItem(QStringLiteral("%1 %").arg(l.value("a_pourcentage").toInt()), l.value("a_id").toInt());
+    for (const auto& [id, raisonSociale] : m_contrats->choixEmployeurs())
+        m_employeur->addItem(raisonSociale, id);
+    for (const auto& [id, emploi] : m_contrats->choixEmplois())
+        m_emploi->addItem(emploi, id);
+    for (const auto& [id, pourcentage] : m_contrats->choixAbattements())
+        m_abattement->addItem(QStringLiteral("%1 %").arg(pourcentage.toInt()), id);
 
     m_frais->clear();
     for (const Ligne& l : m_contrats->tousLesFrais()) {

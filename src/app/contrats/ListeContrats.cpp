@@ -247,11 +247,8 @@ void ListeContrats::remplirListes()
     QStringList types, employeurs, emplois;
     if (m_contrats) {
         BaseDeDonnees& db = m_contrats->db();
-        types = m_contrats->tousLesTypesDeContrats() +
-                db.colonne("SELECT ae_type FROM autoentrepreneurtypes ORDER BY ae_type ASC;");
-        for (const Ligne& l : db.lignes("SELECT ct_id AS id, ct_type AS libelle FROM contratstypes UNION SELECT ae_id, "
-                                        "ae_type FROM autoentrepreneurtypes;"))
-            m_types.insert(l.value("id").toInt(), l.value("libelle").toString());
+        types = m_contrats->tousLesTypesDeContrats() + m_contrats->typesAutoEntrepreneur(true);
+        m_types = m_contrats->libellesDesTypesDeContrat();
         employeurs = m_contrats->rempliPopup(QStringLiteral("employeurs"));
         emplois = m_contrats->tousLesEmplois();
     }

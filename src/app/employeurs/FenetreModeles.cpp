@@ -120,9 +120,8 @@ FenetreModeles::FenetreModeles(Environnement& environnement, Document& document,
     forme->addRow(QString(), m_associerFrais);
     m_fraisType = new QComboBox(this);
     m_fraisType->setObjectName(QStringLiteral("champFraisType"));
-    for (const Ligne& l : m_modeles->db().lignes(QStringLiteral("SELECT ft_id, ft_type FROM fraistypes ORDER BY "
-                                                                "ft_type ASC;")))
-        m_fraisType->addItem(l.value("ft_type").toString(), l.value("ft_id"));
+    for (const auto& [id, type] : m_modeles->choixTypesDeFrais())
+        m_fraisType->addItem(type, id);
     forme->addRow(QStringLiteral("Catégorie de la dépense"), m_fraisType);
     forme->addRow(QStringLiteral("Montant de la dépense"),
                   m_fraisMontant = montant(this, QStringLiteral("champFraisMontant")));
