@@ -131,6 +131,7 @@ bool composerRapportEmployeurs(Rapport& rapport, const QString& document, const 
     if (!modele.estOuvert() || !modele.db().tableExiste(QStringLiteral("employeurs")))
         return false;
     const Lignes employeurs = modele.listeLesEmployeurs();
+    rapport.nommer(nomRapportEmployeurs());
     rapport.titre(nomRapportEmployeurs());
     rapport.separateur();
     if (choix.listeEmployeurs)
@@ -152,6 +153,7 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
         return false;
     // The model's columns are all the report shows.
     const Lignes liste = contrats.listeLesContrats(filtre, false);
+    rapport.nommer(nomRapportContrats());
     rapport.titre(nomRapportContrats());
     rapport.separateur();
     rapport.paragraphe(descriptionFiltre(filtre));
