@@ -1,6 +1,7 @@
 #include "exchange/Rapport.h"
 
 #include "exchange/Tampon.h"
+#include "store/FormatFrancais.h"
 
 #include <QFontDatabase>
 #include <QLocale>
@@ -122,11 +123,10 @@ QString Rapport::texteLigne(const QString& libelle, const QString& valeur)
 
 QString Rapport::montant(double euros)
 {
-    static const QLocale francais(QLocale::French, QLocale::France);
     // Qt writes a negative amount the accountants' way, "(12,50 €)": a sign reads better
     // to everyone else. An amount that shows as zero gets no sign.
-    const QString texte = francais.toCurrencyString(std::abs(euros));
-    return std::llround(euros * 100) < 0 ? francais.negativeSign() + texte : texte;
+    const QString texte = enEuros(std::abs(euros));
+    return std::llround(euros * 100) < 0 ? localeFrancaise().negativeSign() + texte : texte;
 }
 
 void Rapport::nouveauBloc(const QTextBlockFormat& format, const QTextCharFormat& texte)

@@ -8,6 +8,7 @@
 #include "exchange/ExportPdf.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "store/Dialogues.h"
+#include "store/FormatFrancais.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
@@ -28,12 +29,6 @@
 namespace corvane::app {
 
 namespace {
-
-QString enEuros(double montant)
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale.toCurrencyString(montant, QStringLiteral("€"), 2);
-}
 
 QString pluriel(qint64 nombre, const QString& singulier, const QString& plurielTexte)
 {

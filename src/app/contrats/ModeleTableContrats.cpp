@@ -1,20 +1,9 @@
 #include "app/contrats/ModeleTableContrats.h"
 
 #include "store/Dates.h"
-
-#include <QLocale>
+#include "store/FormatFrancais.h"
 
 namespace corvane::app {
-
-namespace {
-
-const QLocale& francais()
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale;
-}
-
-} // namespace
 
 ModeleTableContrats::ModeleTableContrats(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -103,9 +92,9 @@ QVariant ModeleTableContrats::data(const QModelIndex& index, int role) const
     case Heures:
         return l.value(QStringLiteral("Heures"));
     case Brut:
-        return francais().toCurrencyString(l.value(QStringLiteral("Salaire Brut")).toDouble(), QStringLiteral("€"), 2);
+        return enEuros(l.value(QStringLiteral("Salaire Brut")).toDouble());
     case Net:
-        return francais().toCurrencyString(l.value(QStringLiteral("Salaire Net")).toDouble(), QStringLiteral("€"), 2);
+        return enEuros(l.value(QStringLiteral("Salaire Net")).toDouble());
     case Lieu:
         return l.value(QStringLiteral("Lieu"));
     case Fonction:
