@@ -3,6 +3,7 @@
 
 #include "GenerateurCarriere.h"
 #include "store/Dates.h"
+#include "store/FormatFrancais.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -98,7 +99,6 @@ int main(int argc, char* argv[])
         erreurs << "corvane-genere: " << bilan.erreur << '\n';
         return Erreur;
     }
-    const QLocale francais(QLocale::French, QLocale::France);
     sortie << "Document créé : " << parametres.chemin << '\n'
            << "Carrière du " << Dates::versAffichage(bilan.debut) << " au " << Dates::versAffichage(bilan.fin) << '\n'
            << "  " << bilan.contrats << " contrats, " << bilan.employeurs << " employeurs, " << bilan.modeles
@@ -107,6 +107,6 @@ int main(int argc, char* argv[])
            << " arrêts et soins\n"
            << "  " << bilan.allocations << " allocations, " << bilan.conges << " versements de congés, " << bilan.impots
            << " impôts, " << bilan.droitsVoisins << " droits voisins\n"
-           << "Durée : " << francais.toString(chrono.elapsed() / 1000.0, 'f', 2) << " s\n";
+           << "Durée : " << enDecimales(chrono.elapsed() / 1000.0, 2) << " s\n";
     return Succes;
 }

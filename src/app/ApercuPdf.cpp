@@ -12,6 +12,7 @@
 #include <QPrinter>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QTextDocument>
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -278,13 +279,27 @@ ApercuPdf* proposerAffichage(const QString& chemin, Dialogues& dialogues, QWidge
 bool imprimerRapport(const QTextDocument& document, QWidget* parent)
 {
     QPrinter imprimante(QPrinter::HighResolution);
-    ExportPdf::preparerImprimante(imprimante);
+    preparerImprimante(imprimante);
     QPrintDialog dialogue(&imprimante, parent);
     dialogue.setWindowTitle(QStringLiteral("Imprimer"));
     if (dialogue.exec() != QDialog::Accepted)
         return false;
-    ExportPdf::imprimer(document, imprimante);
+    imprimer(document, imprimante);
     return true;
+}
+
+void preparerImprimante(QPrinter& imprimante)
+{
+    imprimante.setPageLayout(ExportPdf::miseEnPage());
+}
+
+void imprimer(const QTextDocument& document, QPrinter& imprimante)
+{
+    // The name the print queue shows.
+    const QString titre = document.metaInformation(QTextDocument::DocumentTitle);
+    if (!titre.isEmpty())
+        imprimante.setDocName(titre);
+    ExportPdf::mettreEnPages(document, imprimante);
 }
 
 } // namespace corvane::app

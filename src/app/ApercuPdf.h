@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class QPrinter;
 class QTextDocument;
 
 namespace corvane {
@@ -60,5 +61,9 @@ QString messageExportTermine(const QString& chemin);
 // "Imprimer…": the print dialog on the report's page setup, then the report on the
 // chosen printer. False when the user cancels.
 bool imprimerRapport(const QTextDocument& document, QWidget* parent = nullptr);
+// Gives a printer the report's page setup, before the print dialog shows it.
+void preparerImprimante(QPrinter& imprimante);
+// Prints on a printer the user has set up, with the layout of the PDF export.
+void imprimer(const QTextDocument& document, QPrinter& imprimante);
 
 } // namespace corvane::app

@@ -3,6 +3,7 @@
 #include "app/SectionVerrou.h"
 #include "store/Dialogues.h"
 #include "store/Fichiers.h"
+#include "store/FormatFrancais.h"
 #include "store/Functions.h"
 #include "store/Horloge.h"
 #include "store/Intermittent.h"
@@ -90,7 +91,7 @@ QWizardPage* AssistantNouveauDocument::construirePageSituation()
     m_ouverture->setObjectName(QStringLiteral("dateOuvertureDroits"));
     m_ouverture->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     m_ouverture->setCalendarPopup(true);
-    m_ouverture->setLocale(QLocale(QLocale::French, QLocale::France));
+    m_ouverture->setLocale(localeFrancaise());
     m_taux = champ(QStringLiteral("tauxValide"), page);
     m_taux->setPlaceholderText(QStringLiteral("0,00"));
     m_taux->setValidator(new QRegularExpressionValidator(

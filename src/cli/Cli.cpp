@@ -20,6 +20,24 @@ void Cli::afficherAide(QTextStream& flux) const
     flux.flush();
 }
 
+bool Cli::metEnPage(const QStringList& arguments) const
+{
+    // The first argument that is neither a global option nor its value, as executer reads them.
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString& argument = arguments.at(i);
+        if (argument == QStringLiteral("--aujourdhui") || argument == QStringLiteral("--mot-de-passe")) {
+            ++i;
+        } else if (argument != QStringLiteral("--json") && argument != QStringLiteral("--aide") &&
+                   argument != QStringLiteral("--help")) {
+            for (const auto& commande : m_commandes)
+                if (commande->nom() == argument)
+                    return commande->metEnPage();
+            return false;
+        }
+    }
+    return false;
+}
+
 int Cli::executer(const QStringList& arguments, QTextStream& sortie, QTextStream& erreurs)
 {
     Contexte contexte{sortie, erreurs, false, QString(), false};

@@ -10,6 +10,8 @@ class Cli
 public:
     Cli();
     int executer(const QStringList& arguments, QTextStream& sortie, QTextStream& erreurs);
+    // Whether the command these arguments name lays text out (see Commande::metEnPage).
+    bool metEnPage(const QStringList& arguments) const;
 
 private:
     void afficherAide(QTextStream& flux) const;

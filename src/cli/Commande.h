@@ -35,6 +35,9 @@ public:
     // One line of usage, shown by the help.
     virtual QString usage() const = 0;
     virtual int executer(Contexte& contexte, const QStringList& arguments) = 0;
+    // Whether the command lays text out (a report), which takes a QGuiApplication; the
+    // others run on a QCoreApplication, without any display platform.
+    virtual bool metEnPage() const { return false; }
 
 protected:
     // An error the user can fix: the message on stderr, exit 1.

@@ -49,9 +49,9 @@ public:
         double montant = 0.0;
         if (avecFichier) {
             const QString chemin = QFileInfo(arguments.valeur("fichier")).absoluteFilePath();
-            // Recognised read-only first, so that a missing or damaged file is reported without a byte written.
+            // Recognised read-only first, so that a missing file is reported without a byte written.
             Fichiers fichiers;
-            const QString generation = fichiers.checkVersion(chemin);
+            const QString generation = fichiers.checkVersion(chemin, false);
             if (generation.isEmpty())
                 return echec(contexte, fichiers.erreur());
             if (generation != QStringLiteral("3") && generation != QStringLiteral("4"))

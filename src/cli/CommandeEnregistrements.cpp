@@ -20,7 +20,8 @@ int CommandeEnregistrements::executer(Contexte& contexte, const QStringList& lis
 bool CommandeEnregistrements::documentAccessible(Contexte& contexte, const QString& chemin, int* code)
 {
     Fichiers fichiers;
-    const QString generation = fichiers.checkVersion(chemin);
+    // Writes go through preparerEcriture, which checks the pages first.
+    const QString generation = fichiers.checkVersion(chemin, false);
     if (generation.isEmpty()) {
         *code = echec(contexte, fichiers.erreur());
         return false;

@@ -21,7 +21,8 @@ protected:
     virtual QStringList actions() const = 0;
     virtual int executerAction(Contexte& contexte, const QString& action, const QStringList& arguments) = 0;
 
-    // A current-generation document, with its password when it is protected. Nothing is written.
+    // A current-generation document, with its password when it is protected. Nothing is
+    // written, and the pages are not checked (preparerEcriture does before a write).
     static bool documentAccessible(Contexte& contexte, const QString& chemin, int* code);
     // The upgrade pass, as at every opening by the program; called just before writing.
     static bool preparerEcriture(Contexte& contexte, const QString& chemin, int* code);

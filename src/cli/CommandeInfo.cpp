@@ -23,6 +23,8 @@ public:
             return code;
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
 
+        // With the check of every page, unlike the other reading commands: telling a
+        // damaged file from a sound one is what this command is for.
         Fichiers fichiers;
         const QString generation = fichiers.checkVersion(chemin);
         if (generation.isEmpty())

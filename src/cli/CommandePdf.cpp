@@ -46,6 +46,7 @@ class CommandePdf : public Commande
 {
 public:
     QString nom() const override { return QStringLiteral("pdf"); }
+    bool metEnPage() const override { return true; }
     QString usage() const override
     {
         return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats --sortie CHEMIN.pdf "
@@ -132,11 +133,12 @@ public:
     }
 
 private:
-    // A current-generation document, with its password when it is protected. Nothing is written.
+    // A current-generation document, with its password when it is protected. Nothing is
+    // written to it, so its pages are not checked.
     static bool documentAJour(Contexte& contexte, const QString& chemin, int* code)
     {
         Fichiers fichiers;
-        const QString generation = fichiers.checkVersion(chemin);
+        const QString generation = fichiers.checkVersion(chemin, false);
         if (generation.isEmpty()) {
             *code = echec(contexte, fichiers.erreur());
             return false;

@@ -52,8 +52,8 @@ public:
         if (contexte.json)
             ecrireJson(contexte, {{"copie", destination}, {"date", date}});
         else
-            contexte.sortie << "Copie de sauvegarde : " << destination << " (" << Dates::versAffichage(Horloge::aujourdhui())
-                            << ")" << Qt::endl;
+            contexte.sortie << "Copie de sauvegarde : " << destination << " ("
+                            << Dates::versAffichage(Horloge::aujourdhui()) << ")" << Qt::endl;
         return Succes;
     }
 };

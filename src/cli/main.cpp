@@ -1,8 +1,10 @@
 #include "cli/Cli.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QTextStream>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -20,12 +22,22 @@ void filtrerMessages(QtMsgType type, const QMessageLogContext& contexte, const Q
 
 int main(int argc, char* argv[])
 {
-    // Reports lay text out, which takes a GUI application; no display is needed for it.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     messagesQt = qInstallMessageHandler(filtrerMessages);
-    QGuiApplication application(argc, argv);
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    corvane::cli::Cli cli;
+    // Only reports lay text out, which takes a GUI application (no display is needed for
+    // it); every other command starts without loading a display platform.
+    std::unique_ptr<QCoreApplication> application;
+    if (cli.metEnPage(arguments)) {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        application = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    }
     QTextStream sortie(stdout);
     QTextStream erreurs(stderr);
-    return corvane::cli::Cli().executer(application.arguments().mid(1), sortie, erreurs);
+    return cli.executer(QCoreApplication::arguments().mid(1), sortie, erreurs);
 }

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPdfWriter>
-#include <QPrinter>
 #include <QScopeGuard>
 #include <QStandardPaths>
 #include <QTextDocument>
@@ -147,7 +146,9 @@ bool ExportPdf::ecrirePdf(const QTextDocument& document, const QString& chemin, 
         QPdfWriter pdf(&fichier);
         pdf.setPageLayout(miseEnPage());
         pdf.setCreator(QStringLiteral("Corvane"));
-        pdf.setTitle(QFileInfo(chemin).completeBaseName());
+        // The report's name; the file's when the report has none.
+        const QString titre = document.metaInformation(QTextDocument::DocumentTitle);
+        pdf.setTitle(titre.isEmpty() ? QFileInfo(chemin).completeBaseName() : titre);
         const int peintes = mettreEnPages(document, pdf);
         if (pages)
             *pages = peintes;
@@ -164,16 +165,6 @@ bool ExportPdf::ecrirePdf(const QTextDocument& document, const QString& chemin, 
     if (!fichier.copy(chemin))
         return echec(QStringLiteral("La copie a échoué (%1).").arg(fichier.errorString()));
     return true;
-}
-
-void ExportPdf::preparerImprimante(QPrinter& imprimante)
-{
-    imprimante.setPageLayout(miseEnPage());
-}
-
-void ExportPdf::imprimer(const QTextDocument& document, QPrinter& imprimante)
-{
-    mettreEnPages(document, imprimante);
 }
 
 } // namespace corvane

@@ -4,7 +4,6 @@
 #include <QString>
 
 class QPagedPaintDevice;
-class QPrinter;
 class QTextDocument;
 
 namespace corvane {
@@ -20,7 +19,7 @@ enum class DestinationPdf
     DossierDuDocument = 2, // the storage folder's sub-folder named after the open document
 };
 
-// Paginates a report (see Rapport) into a PDF file or onto a printer: A4, 20 points
+// Paginates a report (see Rapport) into a PDF file or any paged device: A4, 20 points
 // of margin on every side, the text fitted to the width, nothing centred, fonts
 // embedded. The file is first written as "….temp" beside its final name, then copied
 // over the final name; the temporary file never stays behind.
@@ -47,10 +46,6 @@ public:
     // `pages` receives the number of pages written.
     static bool ecrirePdf(const QTextDocument& document, const QString& chemin, QString* erreur = nullptr,
                           int* pages = nullptr);
-    // Prints on a printer the user has set up (see preparerImprimante).
-    static void imprimer(const QTextDocument& document, QPrinter& imprimante);
-    // Gives a printer the report's page setup, before the print dialog shows it.
-    static void preparerImprimante(QPrinter& imprimante);
     // Lays a copy of the document out on the device's pages, with the header of a
     // table repeated at the top of each page it continues on, and paints them. The
     // document itself is left untouched. Returns the number of pages painted.

@@ -64,6 +64,9 @@ public:
     // Gives the document away (the report is then empty and should not be used again).
     std::unique_ptr<QTextDocument> prendreDocument();
 
+    // The report's name, which the PDF carries as its title (the document's DocumentTitle).
+    void nommer(const QString& nom);
+
     void titre(const QString& texte);
     void section(const QString& texte);
     void sousSection(const QString& texte);

@@ -5,18 +5,13 @@
 
 #include "records/Contrats.h"
 #include "records/Employeurs.h"
+#include "store/FormatFrancais.h"
 
 #include <QLocale>
 
 namespace corvane {
 
 namespace {
-
-QString nombre(qint64 valeur)
-{
-    static const QLocale francais(QLocale::French, QLocale::France);
-    return francais.toString(valeur);
-}
 
 QString joindre(const QStringList& morceaux, const QString& separateur)
 {
@@ -99,18 +94,19 @@ void cumulsEmployeurs(Rapport& rapport, Employeurs& modele, const Table& employe
         heures += c.value("Heures").toLongLong();
         bruts += c.value("Salaires bruts").toDouble();
         nets += c.value("Salaires nets").toDouble();
-        lignes << QStringList{employeurs.valeur(i, "Enseigne").toString(), nombre(c.value("Journées").toLongLong()),
-                              nombre(c.value("Heures").toLongLong()),
+        lignes << QStringList{employeurs.valeur(i, "Enseigne").toString(), enEntier(c.value("Journées").toLongLong()),
+                              enEntier(c.value("Heures").toLongLong()),
                               Rapport::montant(c.value("Salaires bruts").toDouble()),
                               Rapport::montant(c.value("Salaires nets").toDouble())};
     }
-    rapport.tableau(
-        {ColonneRapport::texte(QStringLiteral("Enseigne")), ColonneRapport::montant(QStringLiteral("Journées"), 11),
-         ColonneRapport::montant(QStringLiteral("Heures"), 10),
-         ColonneRapport::montant(QStringLiteral("Salaires bruts"), 18),
-         ColonneRapport::montant(QStringLiteral("Salaires nets"), 18)},
-        lignes,
-        {QStringLiteral("Totaux"), nombre(journees), nombre(heures), Rapport::montant(bruts), Rapport::montant(nets)});
+    rapport.tableau({ColonneRapport::texte(QStringLiteral("Enseigne")),
+                     ColonneRapport::montant(QStringLiteral("Journées"), 11),
+                     ColonneRapport::montant(QStringLiteral("Heures"), 10),
+                     ColonneRapport::montant(QStringLiteral("Salaires bruts"), 18),
+                     ColonneRapport::montant(QStringLiteral("Salaires nets"), 18)},
+                    lignes,
+                    {QStringLiteral("Totaux"), enEntier(journees), enEntier(heures), Rapport::montant(bruts),
+                     Rapport::montant(nets)});
 }
 
 } // namespace
@@ -131,6 +127,7 @@ bool composerRapportEmployeurs(Rapport& rapport, const QString& document, const 
     if (!modele.estOuvert() || !modele.db().tableExiste(QStringLiteral("employeurs")))
         return false;
     const Table employeurs = modele.listeLesEmployeurs();
+    rapport.nommer(nomRapportEmployeurs());
     rapport.titre(nomRapportEmployeurs());
     rapport.separateur();
     if (choix.listeEmployeurs)
@@ -152,15 +149,16 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
         return false;
     // The model's columns are all the report shows.
     const Table liste = contrats.listeLesContrats(filtre, false);
+    rapport.nommer(nomRapportContrats());
     rapport.titre(nomRapportContrats());
     rapport.separateur();
     rapport.paragraphe(descriptionFiltre(filtre));
 
-    const QString jours = nombre(contrats.totalJours);
-    const QString heures = nombre(contrats.totalHeures);
+    const QString jours = enEntier(contrats.totalJours);
+    const QString heures = enEntier(contrats.totalHeures);
     if (!choix.listeContrats || liste.isEmpty()) {
         rapport.section(QStringLiteral("Totaux"));
-        rapport.ligne(QStringLiteral("Contrats"), nombre(liste.size()));
+        rapport.ligne(QStringLiteral("Contrats"), enEntier(liste.size()));
         rapport.ligne(QStringLiteral("Jours"), jours);
         rapport.ligne(QStringLiteral("Heures"), heures);
         rapport.ligne(QStringLiteral("Salaires bruts"), Rapport::montant(contrats.totalBruts));
@@ -188,7 +186,7 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
         {QString(), QString(), QString(), QStringLiteral("Totaux"), jours, heures,
          Rapport::montant(contrats.totalBruts), Rapport::montant(contrats.totalNets)},
         Rapport::TailleTableauDense);
-    rapport.ligne(QStringLiteral("Nombre de contrats"), nombre(liste.size()));
+    rapport.ligne(QStringLiteral("Nombre de contrats"), enEntier(liste.size()));
     return true;
 }
 

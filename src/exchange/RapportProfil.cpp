@@ -4,6 +4,7 @@
 #include "exchange/RapportsEnregistrements.h"
 
 #include "records/Profil.h"
+#include "store/Horloge.h"
 #include "store/Reglages.h"
 
 #include <QDir>
@@ -140,6 +141,7 @@ bool composerRapportProfil(Rapport& rapport, const QString& document, const Choi
         return false;
     const DonneesProfil& d = profil.donnees();
 
+    rapport.nommer(nomRapportProfil(Horloge::aujourdhui()));
     rapport.titre(QStringLiteral("Relevé d'informations"));
     rapport.separateur();
     if (choix.photo)

@@ -158,7 +158,7 @@ bool Fichiers::nouveauV4()
 
 // --- Recognition ------------------------------------------------------------------------
 
-QString Fichiers::checkVersion(const QString& chemin)
+QString Fichiers::checkVersion(const QString& chemin, bool verifierPages)
 {
     m_erreur.clear();
     const QFileInfo info(chemin);
@@ -194,7 +194,7 @@ QString Fichiers::checkVersion(const QString& chemin)
     }
     // A file can look like a database and still be truncated or damaged: check it
     // before anything is written to it.
-    {
+    if (verifierPages) {
         Requete r(base, QStringLiteral("PRAGMA quick_check;"));
         if (!r.suivante() || r.texte(0) != QStringLiteral("ok")) {
             echouer(r.code() == SQLITE_NOTADB ? pasUnDocument : endommage);

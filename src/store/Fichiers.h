@@ -50,7 +50,9 @@ public:
 
     // The generation of a file, read without writing a byte. Empty text, with
     // erreur() set, when the file is missing, not a database or damaged.
-    QString checkVersion(const QString& chemin);
+    // `verifierPages`: SQLite's quick check of every page first, which a document about
+    // to be written needs; a command that only reads does without (it reads the whole file).
+    QString checkVersion(const QString& chemin, bool verifierPages = true);
     // The same without the empty-catalogue test.
     QString version(const QString& chemin);
 

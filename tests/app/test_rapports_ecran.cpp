@@ -3,6 +3,7 @@
 // for display, the contracts as filtered on screen, the settings' parts, the alerts
 // without a document, and the "Impressions" pane of the preferences.
 
+#include "app/ApercuPdf.h"
 #include "app/ControleurApplication.h"
 #include "app/Environnement.h"
 #include "app/FenetrePreferences.h"
@@ -13,6 +14,8 @@
 #include "app/profil/FenetreProfil.h"
 #include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
+#include "exchange/Rapport.h"
+#include "exchange/RapportsEnregistrements.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
@@ -21,6 +24,8 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
+#include <QPdfDocument>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -128,6 +133,26 @@ private slots:
         QCOMPARE(pages.size(), 1);
         QVERIFY2(pages[0].contains("Nom : Dupont"), qPrintable(pages[0]));
         QVERIFY(!pages[0].contains("RELEVE D'IDENTITE BANCAIRE"));
+    }
+
+    void impression()
+    {
+        // The export's layout on a printer (here one that prints to a file), under the report's name.
+        Rapport rapport;
+        QVERIFY(composerRapportEmployeurs(rapport, m_chemin, ChoixImpressions()));
+        const QString fichier = sortie();
+        QPrinter imprimante(QPrinter::HighResolution);
+        imprimante.setOutputFormat(QPrinter::PdfFormat);
+        imprimante.setOutputFileName(fichier);
+        preparerImprimante(imprimante);
+        QCOMPARE(imprimante.pageLayout().margins(QPageLayout::Point), QMarginsF(20, 20, 20, 20));
+        imprimer(rapport.document(), imprimante);
+        const QStringList pages = pagesPdf(fichier);
+        QCOMPARE(pages.size(), 2);
+        QVERIFY2(pages[1].contains("Totaux 8 96 3 734,56 € 2 900,50 €"), qPrintable(pages[1]));
+        QPdfDocument pdf;
+        QCOMPARE(pdf.load(fichier), QPdfDocument::Error::None);
+        QCOMPARE(pdf.metaData(QPdfDocument::MetaDataField::Title).toString(), QStringLiteral("Liste des employeurs"));
     }
 
     void sansDocument_data()

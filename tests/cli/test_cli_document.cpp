@@ -5,6 +5,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -264,6 +265,60 @@ private slots:
         QCOMPARE(lireJson(r).value("generation").toString(), QStringLiteral("0"));
         QVERIFY(!lireJson(r).contains("enregistrements"));
         QCOMPARE(QFileInfo(chemin).size(), 0);
+    }
+
+    // A broken page in a table the listing never reads: only the check of every page
+    // finds it, which writes need and reads do without.
+    void pageAbimee_data()
+    {
+        QTest::addColumn<QStringList>("commande");
+        QTest::addColumn<int>("code");
+        QTest::newRow("contrat lister") << QStringList{"contrat", "lister"} << 0;
+        QTest::newRow("employeur ajouter")
+            << QStringList{"employeur", "ajouter", "--nom", "Opéra", "--commune", "Lyon"} << 1;
+    }
+
+    void pageAbimee()
+    {
+        QFETCH(QStringList, commande);
+        QFETCH(int, code);
+        const QString chemin = nouveau(QStringLiteral("page-abimee-%1.cv4").arg(QTest::currentDataTag()));
+        qint64 racine = 0;
+        qint64 taillePage = 0;
+        {
+            BaseDeDonnees base;
+            QVERIFY(base.ouvrirEnLecture(chemin));
+            racine = base.entier(QStringLiteral("SELECT rootpage FROM sqlite_master WHERE name = 'propositions';"));
+            taillePage = base.entier(QStringLiteral("PRAGMA page_size;"));
+        }
+        QVERIFY(racine > 1);
+        QFile fichier(chemin);
+        QVERIFY(fichier.open(QIODevice::ReadWrite));
+        QVERIFY(fichier.seek((racine - 1) * taillePage));
+        QCOMPARE(fichier.write(QByteArray(1, '\x00')), 1); // no such page type
+        fichier.close();
+        const QByteArray avant = empreinte(chemin);
+
+        const ResultatCli r =
+            lancerCli(QStringList{"--json", commande.at(0), commande.at(1), chemin} + commande.mid(2));
+        QVERIFY2(r.code == code, qPrintable(r.erreurs));
+        if (code != 0) {
+            QVERIFY2(r.erreurs.contains("endommagé"), qPrintable(r.erreurs));
+            QCOMPARE(empreinte(chemin), avant);
+        }
+    }
+
+    // Only `pdf` lays text out: the other commands start without any display platform.
+    void sansPlateformeGraphique()
+    {
+        const QString chemin = nouveau(QStringLiteral("sans-plateforme.cv4"));
+        qputenv("QT_QPA_PLATFORM", "aucune");
+        const auto retablir = qScopeGuard([] { qputenv("QT_QPA_PLATFORM", "offscreen"); });
+        for (const QStringList& commande : {QStringList{"info", chemin}, QStringList{"contrat", "lister", chemin},
+                                            QStringList{"profil", "afficher", chemin}}) {
+            const ResultatCli r = lancerCli(QStringList{"--json"} + commande);
+            QVERIFY2(r.code == 0 && r.erreurs.isEmpty(), qPrintable(commande.join(' ') + " : " + r.erreurs));
+        }
     }
 
     void sauvegarder()

@@ -14,7 +14,6 @@
 #include <QFontInfo>
 #include <QPdfDocument>
 #include <QPdfSelection>
-#include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -556,20 +555,6 @@ private slots:
         QCOMPARE(m_rapport.document().toPlainText(), texte);
         QVERIFY(!m_rapport.document().pageSize().isValid());
         QCOMPARE(pagesPdf(m_dossier->filePath("a.pdf")), pagesPdf(m_dossier->filePath("b.pdf")));
-    }
-
-    void impression()
-    {
-        // The same layout on a printer (here one that prints to a PDF file).
-        QPrinter imprimante(QPrinter::HighResolution);
-        imprimante.setOutputFormat(QPrinter::PdfFormat);
-        imprimante.setOutputFileName(m_dossier->filePath("imprime.pdf"));
-        ExportPdf::preparerImprimante(imprimante);
-        QCOMPARE(imprimante.pageLayout().margins(QPageLayout::Point), QMarginsF(20, 20, 20, 20));
-        ExportPdf::imprimer(m_rapport.document(), imprimante);
-        const QStringList pages = pagesPdf(m_dossier->filePath("imprime.pdf"));
-        QCOMPARE(pages.size(), 1);
-        QVERIFY(pages[0].contains("Salaire de référence : 1 234,56 €"));
     }
 
 private:

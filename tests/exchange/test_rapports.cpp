@@ -14,6 +14,7 @@
 #include "store/Reglages.h"
 
 #include <QImage>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -328,6 +329,40 @@ private slots:
              {"Contrats : 3", "Jours : 9", "Heures : 108", "Salaires bruts : 3 934,56 €", "Salaires nets : 3 055,75 €"})
             QVERIFY2(texte.contains(QString::fromUtf8(attendu)),
                      qPrintable(QString::fromUtf8(attendu) + "\n---\n" + texte));
+    }
+
+    void rechercheEtTitre_data()
+    {
+        QTest::addColumn<bool>("contrats");
+        QTest::addColumn<QString>("titre");
+        QTest::newRow("employeurs") << false << "Liste des employeurs";
+        QTest::newRow("contrats") << true << "Liste des contrats";
+    }
+
+    // Set as one ligature glyph, "ffi" reads back as "Oﬃce" in poppler, which the
+    // viewers built on it search (QtPdf's reader undoes ligatures, so it cannot tell).
+    void rechercheEtTitre()
+    {
+        QFETCH(bool, contrats);
+        QFETCH(QString, titre);
+        const QString document = documentContrats(m_dossier, QStringLiteral("office-%1.cv4").arg(++m_numero));
+        const int office = ajouterEmployeur(document, QStringLiteral("Office de tourisme"));
+        ajouterContrat(document, {office, QDate(2024, 5, 6), QDate(2024, 5, 6), 12, 1, 300.0, 234.0, 1, 1});
+        QString fichier;
+        pages(
+            [&](Rapport& r) {
+                return contrats ? composerRapportContrats(r, document, ChoixImpressions(), FiltreContrats())
+                                : composerRapportEmployeurs(r, document, ChoixImpressions());
+            },
+            &fichier);
+        QPdfDocument pdf;
+        QCOMPARE(pdf.load(fichier), QPdfDocument::Error::None);
+        QCOMPARE(pdf.metaData(QPdfDocument::MetaDataField::Title).toString(), titre);
+        QProcess pdftotext;
+        pdftotext.start(QStringLiteral("pdftotext"), {fichier, QStringLiteral("-")});
+        QVERIFY2(pdftotext.waitForFinished(), "pdftotext (poppler-utils) est introuvable");
+        const QString texte = QString::fromUtf8(pdftotext.readAllStandardOutput());
+        QVERIFY2(texte.contains(QStringLiteral("Office de tourisme")), qPrintable(texte));
     }
 
     void longueCarriere()

@@ -10,6 +10,7 @@
 #include "records/ContratsModeles.h"
 #include "store/Dates.h"
 #include "store/Dialogues.h"
+#include "store/FormatFrancais.h"
 #include "store/Functions.h"
 #include "store/Reglages.h"
 
@@ -29,19 +30,9 @@ namespace corvane::app {
 
 namespace {
 
-const QLocale& francais()
-{
-    static const QLocale locale = [] {
-        QLocale l(QLocale::French, QLocale::France);
-        l.setNumberOptions(QLocale::OmitGroupSeparator);
-        return l;
-    }();
-    return locale;
-}
-
 QString texteMontant(double montant)
 {
-    return francais().toString(montant, 'f', 2);
+    return enSaisie(montant);
 }
 
 // Typed with a decimal comma or point, blanks as thousands separators; anything else is 0.
@@ -86,11 +77,10 @@ void FormulaireContrat::remplirListes()
     m_frais->clear();
     for (const Ligne& l : m_contrats->tousLesFrais()) {
         const QString lie = l.value("f_contrat_lie").toString();
-        QString texte = QStringLiteral("%1 — %2 — %3")
-                            .arg(Dates::versAffichage(Dates::depuisSQLite(l.value("f_date").toString())),
-                                 l.value("f_details").toString().simplified(),
-                                 QLocale(QLocale::French, QLocale::France)
-                                     .toCurrencyString(l.value("f_montant").toDouble(), QStringLiteral("€"), 2));
+        QString texte =
+            QStringLiteral("%1 — %2 — %3")
+                .arg(Dates::versAffichage(Dates::depuisSQLite(l.value("f_date").toString())),
+                     l.value("f_details").toString().simplified(), enEuros(l.value("f_montant").toDouble()));
         if (!lie.isEmpty() && lie.toInt() != m_id)
             texte += QStringLiteral(" (lié au contrat n° %1)").arg(lie);
         auto* element = new QListWidgetItem(texte, m_frais);
@@ -196,7 +186,7 @@ void FormulaireContrat::majBrutAbattu()
     const bool autoEntrepreneur = m_saisie.emploiId == SaisieContrat::kEmploiAutoEntrepreneur;
     m_abattement->setEnabled(!autoEntrepreneur);
     const double montant = autoEntrepreneur ? m_saisie.brutAbattuAE : m_saisie.brutApresAbattement();
-    m_brutAbattu->setText(QLocale(QLocale::French, QLocale::France).toCurrencyString(montant, QStringLiteral("€"), 2));
+    m_brutAbattu->setText(enEuros(montant));
 }
 
 void FormulaireContrat::lireChamps()

@@ -9,6 +9,7 @@
 #include "exchange/RapportsEnregistrements.h"
 #include "store/Dialogues.h"
 #include "store/Document.h"
+#include "store/FormatFrancais.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
@@ -29,12 +30,6 @@
 namespace corvane::app {
 
 namespace {
-
-QString enEuros(double montant)
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale.toCurrencyString(montant, QStringLiteral("€"), 2);
-}
 
 QString pluriel(qint64 nombre, const QString& singulier, const QString& plurielTexte)
 {

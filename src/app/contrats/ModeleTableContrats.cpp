@@ -1,20 +1,9 @@
 #include "app/contrats/ModeleTableContrats.h"
 
 #include "store/Dates.h"
-
-#include <QLocale>
+#include "store/FormatFrancais.h"
 
 namespace corvane::app {
-
-namespace {
-
-const QLocale& francais()
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale;
-}
-
-} // namespace
 
 ModeleTableContrats::ModeleTableContrats(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -118,7 +107,7 @@ QVariant ModeleTableContrats::data(const QModelIndex& index, int role) const
         return m_types.value(v.toInt());
     case Brut:
     case Net:
-        return francais().toCurrencyString(v.toDouble(), QStringLiteral("€"), 2);
+        return enEuros(v.toDouble());
     case Note:
         return v.toString().simplified();
     default:

@@ -1,6 +1,7 @@
 #include "app/employeurs/CumulsEmployeurs.h"
 
 #include "records/Employeurs.h"
+#include "store/FormatFrancais.h"
 
 #include <QBarCategoryAxis>
 #include <QBarSeries>
@@ -17,12 +18,6 @@
 namespace corvane::app {
 
 namespace {
-
-const QLocale& francais()
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale;
-}
 
 QLabel* valeur(QWidget* parent, const QString& nom)
 {
@@ -67,10 +62,10 @@ void CumulsEmployeurs::afficherCumuls(Employeurs* employeurs, int id, const QStr
     }
     const Ligne cumuls = employeurs->cumulsPourEmployeur(id);
     m_titre->setText(nom);
-    m_journees->setText(francais().toString(cumuls.value("Journées").toLongLong()));
-    m_heures->setText(francais().toString(cumuls.value("Heures").toLongLong()));
-    m_bruts->setText(francais().toCurrencyString(cumuls.value("Salaires bruts").toDouble(), QStringLiteral("€"), 2));
-    m_nets->setText(francais().toCurrencyString(cumuls.value("Salaires nets").toDouble(), QStringLiteral("€"), 2));
+    m_journees->setText(enEntier(cumuls.value("Journées").toLongLong()));
+    m_heures->setText(enEntier(cumuls.value("Heures").toLongLong()));
+    m_bruts->setText(enEuros(cumuls.value("Salaires bruts").toDouble()));
+    m_nets->setText(enEuros(cumuls.value("Salaires nets").toDouble()));
 }
 
 void CumulsEmployeurs::afficherGraphique(Employeurs* employeurs)
@@ -79,7 +74,7 @@ void CumulsEmployeurs::afficherGraphique(Employeurs* employeurs)
     chart->setTitle(QStringLiteral("Salaires par employeur"));
     chart->legend()->setAlignment(Qt::AlignBottom);
     chart->setLocalizeNumbers(true);
-    chart->setLocale(francais());
+    chart->setLocale(localeFrancaise());
     const GraphiqueEmployeurs donnees = employeurs ? employeurs->graphiqueDesSalaires() : GraphiqueEmployeurs();
     auto* serie = new QBarSeries(chart);
     QStringList noms;

@@ -6,6 +6,7 @@
 #include "app/MemoireColonnes.h"
 #include "records/Employeurs.h"
 #include "store/Dialogues.h"
+#include "store/FormatFrancais.h"
 #include "store/Reglages.h"
 
 #include <QAction>
@@ -28,17 +29,11 @@ namespace {
 
 const QString kTitre = QStringLiteral("Modèles de contrat");
 
-const QLocale& francais()
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale;
-}
-
 QDoubleSpinBox* montant(QWidget* parent, const QString& nom)
 {
     auto* boite = new QDoubleSpinBox(parent);
     boite->setObjectName(nom);
-    boite->setLocale(francais());
+    boite->setLocale(localeFrancaise());
     boite->setRange(0.0, 10000000.0);
     boite->setDecimals(2);
     boite->setSuffix(QStringLiteral(" €"));
@@ -181,8 +176,7 @@ void FenetreModeles::recharger(int idASelectionner)
         m_liste->setItem(rangee, 0, nom);
         m_liste->setItem(rangee, 1, new QTableWidgetItem(m_modeles->typePourEmploi(m.emploiId, m.typeId)));
         m_liste->setItem(rangee, 2, new QTableWidgetItem(QString::number(m.jours)));
-        m_liste->setItem(rangee, 3,
-                         new QTableWidgetItem(francais().toCurrencyString(m.salaireBrut, QStringLiteral("€"), 2)));
+        m_liste->setItem(rangee, 3, new QTableWidgetItem(enEuros(m.salaireBrut)));
         m_liste->setItem(rangee, 4, new QTableWidgetItem(m_modeles->retrouveEmployeurDepuisId(m.employeurId)));
         if (m.id == idASelectionner)
             rangeeChoisie = rangee;

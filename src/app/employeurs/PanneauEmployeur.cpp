@@ -5,6 +5,7 @@
 #include "app/Environnement.h"
 #include "records/ContratsModeles.h"
 #include "store/Dialogues.h"
+#include "store/FormatFrancais.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,7 +34,7 @@ QDoubleSpinBox* coordonnee(QWidget* parent, const QString& nom, double limite)
 {
     auto* boite = new QDoubleSpinBox(parent);
     boite->setObjectName(nom);
-    boite->setLocale(QLocale(QLocale::French, QLocale::France));
+    boite->setLocale(localeFrancaise());
     boite->setRange(-limite, limite);
     boite->setDecimals(6);
     return boite;

@@ -4,6 +4,7 @@
 
 #include "app/Environnement.h"
 #include "store/Dialogues.h"
+#include "store/FormatFrancais.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
@@ -22,19 +23,13 @@ namespace corvane::app {
 
 namespace {
 
-const QLocale& francais()
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale;
-}
-
 QDateEdit* date(QWidget* parent, const QString& nom)
 {
     auto* edition = new QDateEdit(parent);
     edition->setObjectName(nom);
     edition->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     edition->setCalendarPopup(true);
-    edition->setLocale(francais());
+    edition->setLocale(localeFrancaise());
     return edition;
 }
 
@@ -51,7 +46,7 @@ QDoubleSpinBox* montant(QWidget* parent, const QString& nom)
 {
     auto* boite = new QDoubleSpinBox(parent);
     boite->setObjectName(nom);
-    boite->setLocale(francais());
+    boite->setLocale(localeFrancaise());
     boite->setRange(0.0, 100000.0);
     boite->setDecimals(2);
     boite->setSuffix(QStringLiteral(" €"));

@@ -10,6 +10,7 @@
 #include "records/NouvellePeriode.h"
 #include "records/Periodes.h"
 #include "store/Dialogues.h"
+#include "store/FormatFrancais.h"
 #include "store/Reglages.h"
 
 #include <QAction>
@@ -34,7 +35,7 @@ QDateEdit* date(QWidget* parent, const QString& nom)
     edition->setObjectName(nom);
     edition->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     edition->setCalendarPopup(true);
-    edition->setLocale(QLocale(QLocale::French, QLocale::France));
+    edition->setLocale(localeFrancaise());
     return edition;
 }
 

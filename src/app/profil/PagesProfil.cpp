@@ -2,6 +2,7 @@
 
 #include "app/Environnement.h"
 #include "app/profil/FenetreProfil.h"
+#include "store/FormatFrancais.h"
 #include "store/Reglages.h"
 
 #include <QCalendarWidget>
@@ -50,7 +51,7 @@ QWidget* FenetreProfil::pageEtatCivil()
     m_naissance->setObjectName(QStringLiteral("champNaissance"));
     m_naissance->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     m_naissance->setCalendarPopup(true);
-    m_naissance->setLocale(QLocale(QLocale::French, QLocale::France));
+    m_naissance->setLocale(localeFrancaise());
     const int ageMaxi = m_environnement.reglages.entier(Reglages::Cle::ProfilLimiteAge);
     m_naissance->setMinimumDate(Profil::aujourdhuiMoinsAgeMaxi(ageMaxi));
     forme->addRow(QStringLiteral("Date de naissance"), m_naissance);
@@ -205,7 +206,7 @@ QWidget* FenetreProfil::pageAutres()
 
     auto* pas = new QDoubleSpinBox(page);
     pas->setObjectName(QStringLiteral("champPas"));
-    pas->setLocale(QLocale(QLocale::French, QLocale::France));
+    pas->setLocale(localeFrancaise());
     pas->setRange(0.0, 100.0);
     pas->setDecimals(2);
     pas->setSuffix(QStringLiteral(" %"));
