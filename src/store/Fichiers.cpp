@@ -192,8 +192,9 @@ QString Fichiers::checkVersion(const QString& chemin)
             return ErreursSQLite::fichierUtilise(chemin);
         if (code == SQLITE_READONLY_ROLLBACK)
             return QStringLiteral("Le fichier « %1 » doit être réparé après un enregistrement interrompu, mais Corvane "
-                                  "ne peut pas écrire dans le dossier « %2 ». Copiez le fichier avec son fichier "
-                                  "« %3-journal » dans un dossier où vous pouvez écrire, puis ouvrez la copie.")
+                                  "ne peut pas écrire dans ce fichier ou dans son dossier « %2 ». Copiez le fichier "
+                                  "avec son fichier « %3-journal » dans un dossier où vous pouvez écrire, puis ouvrez "
+                                  "la copie.")
                 .arg(nomAffiche(chemin), nomAffiche(info.absolutePath()), info.fileName());
         return r.code() == SQLITE_NOTADB ? pasUnDocument : endommage;
     };

@@ -35,7 +35,9 @@ void reprendreLeJournal(const QString& chemin)
 ModeLecture preparer(const QString& chemin)
 {
     const QFileInfo info(chemin);
-    const bool modifiable = info.isWritable() && QFileInfo(info.absolutePath()).isWritable();
+    // As for opening to write: the owner's write bit counts even for an administrator.
+    const bool modifiable = info.isWritable() && (info.permissions() & QFileDevice::WriteOwner) &&
+                            QFileInfo(info.absolutePath()).isWritable();
     if (modifiable && QFileInfo(chemin + QStringLiteral("-journal")).size() > 0)
         reprendreLeJournal(chemin);
     if (modifiable && estEnModeWal(chemin) && !QFileInfo::exists(chemin + QStringLiteral("-wal")))

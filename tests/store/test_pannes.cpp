@@ -88,6 +88,25 @@ private slots:
                  (QStringList{"Inconnu", "Engagé"}));
     }
 
+    void journalChaudSurUnFichierProtege()
+    {
+        // Without write access the journal cannot be rolled back: both files are left as they are.
+        const QString chemin = document();
+        interrompreUneEcriture(chemin);
+        QFile::setPermissions(chemin, QFile::ReadOwner | QFile::ReadGroup);
+        const QByteArray document = empreinte(chemin);
+        const QByteArray journal = empreinte(chemin + "-journal");
+        Fichiers fichiers;
+        QCOMPARE(fichiers.checkVersion(chemin), QString());
+        QVERIFY2(fichiers.erreur().contains(QStringLiteral("doit être réparé après un enregistrement interrompu")),
+                 qPrintable(fichiers.erreur()));
+        QCOMPARE(empreinte(chemin), document);
+        QCOMPARE(empreinte(chemin + "-journal"), journal);
+
+        QFile::setPermissions(chemin, QFile::ReadOwner | QFile::WriteOwner);
+        QCOMPARE(fichiers.checkVersion(chemin), QStringLiteral("4"));
+    }
+
     void ecritureRefuseeDitPourquoi()
     {
         // Another program's write transaction outlasts the busy timeout.
