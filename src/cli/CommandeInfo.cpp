@@ -3,6 +3,7 @@
 #include "store/ErreursSQLite.h"
 #include "store/Fichiers.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonObject>
 
@@ -55,10 +56,11 @@ public:
                 // A count that cannot be read is an error, never a 0.
                 Requete r(base, QStringLiteral("SELECT COUNT(*) FROM \"%1\";").arg(table));
                 if (!r.suivante())
-                    return echec(contexte, ErreursSQLite::estOccupe(r.code())
-                                               ? ErreursSQLite::fichierUtilise(chemin)
-                                               : QStringLiteral("Le fichier « %1 » ne peut pas être lu : %2.")
-                                                     .arg(chemin, ErreursSQLite::raison(r.code())));
+                    return echec(contexte,
+                                 ErreursSQLite::estOccupe(r.code())
+                                     ? ErreursSQLite::fichierUtilise(chemin)
+                                     : QStringLiteral("Le fichier « %1 » ne peut pas être lu : %2.")
+                                           .arg(QDir::toNativeSeparators(chemin), ErreursSQLite::raison(r.code())));
                 enregistrements.insert(table, r.entier(0));
             }
         }

@@ -25,8 +25,8 @@ QString raison(int code)
         return QStringLiteral("la mémoire est insuffisante");
     case SQLITE_READONLY:
         if (code == SQLITE_READONLY_ROLLBACK)
-            return QStringLiteral("le fichier doit être réparé après un enregistrement interrompu, mais son dossier "
-                                  "est protégé en écriture");
+            return QStringLiteral("le fichier doit être réparé après un enregistrement interrompu, mais lui ou son "
+                                  "dossier est protégé en écriture");
         return QStringLiteral("le fichier est protégé en écriture");
     case SQLITE_IOERR:
         return QStringLiteral("une erreur de lecture ou d'écriture sur le disque s'est produite");
