@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DOCUMENT ?=
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build run test bench format clean fuzz screenshots demo
+.PHONY: all deps configure build run test bench kill9 format clean fuzz screenshots demo
 
 all: build
 
@@ -35,6 +35,10 @@ test: build
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
+
+# Kills writes with SIGKILL at random moments and checks that Corvane reopens the document with every acknowledged record.
+kill9: build
+	@python3 bench/kill9.py --build $(BUILD_DIR)
 
 # Fuzzes the CSV codec for FUZZ_SECONDS (clang's libFuzzer + AddressSanitizer); not part of `make test`.
 # fuzz/corpus holds the seeds; the inputs found go to $(BUILD_DIR)-fuzz/corpus, a crash to $(BUILD_DIR)-fuzz/.

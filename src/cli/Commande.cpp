@@ -1,7 +1,9 @@
 #include "cli/Commande.h"
 
-#include "store/Verrou.h"
+#include "store/BaseDeDonnees.h"
+#include "store/ErreursSQLite.h"
 
+#include <QDir>
 #include <QJsonDocument>
 
 namespace corvane::cli {
@@ -44,18 +46,36 @@ void Commande::ecrireJson(Contexte& contexte, const QJsonObject& objet)
 
 bool Commande::verifierMotDePasse(Contexte& contexte, const QString& chemin, int* code)
 {
-    if (!Verrou::isFileLocked(chemin))
+    const std::optional<Verrouillage> verrou = lireVerrouillage(contexte, chemin, code);
+    if (!verrou)
+        return false;
+    if (verrou->accessible)
         return true;
-    if (!contexte.motDePasseDonne) {
-        *code = echec(contexte, QStringLiteral("ce fichier est protégé par un mot de passe : indiquez-le avec "
-                                               "--mot-de-passe."));
-        return false;
+    *code = echec(contexte, contexte.motDePasseDonne ? QStringLiteral("le mot de passe est incorrect.")
+                                                     : QStringLiteral("ce fichier est protégé par un mot de passe : "
+                                                                      "indiquez-le avec --mot-de-passe."));
+    return false;
+}
+
+std::optional<Commande::Verrouillage> Commande::lireVerrouillage(Contexte& contexte, const QString& chemin, int* code)
+{
+    BaseDeDonnees base;
+    if (!base.ouvrirEnLecture(chemin)) {
+        *code = echec(contexte, QStringLiteral("Le fichier « %1 » ne peut pas être lu : %2")
+                                    .arg(QDir::toNativeSeparators(chemin), base.derniereErreur()));
+        return std::nullopt;
     }
-    if (!Verrou::estLeMotDePasse(chemin, contexte.motDePasse)) {
-        *code = echec(contexte, QStringLiteral("le mot de passe est incorrect."));
-        return false;
+    // A flag that cannot be read (the file in use) refuses the command: it never skips the password.
+    Requete r(base, QStringLiteral("SELECT f_locked, f_password FROM file WHERE f_id = 1;"));
+    const bool lu = r.suivante();
+    if (!lu && ErreursSQLite::estOccupe(r.code())) {
+        *code = echec(contexte, ErreursSQLite::fichierUtilise(chemin));
+        return std::nullopt;
     }
-    return true;
+    if (!lu || r.entier(0) != 1)
+        return Verrouillage{false, true};
+    return Verrouillage{true, contexte.motDePasseDonne && QString::fromUtf8(QByteArray::fromBase64(
+                                                              r.texte(1).toLatin1())) == contexte.motDePasse};
 }
 
 } // namespace corvane::cli

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QTextStream>
 #include <memory>
+#include <optional>
 
 namespace corvane::cli {
 
@@ -51,6 +52,13 @@ protected:
     static void ecrireJson(Contexte& contexte, const QJsonObject& objet);
     // A document protected by a password is refused unless the right one is given.
     static bool verifierMotDePasse(Contexte& contexte, const QString& chemin, int* code);
+    struct Verrouillage
+    {
+        bool verrouille = false; // f_locked = 1
+        bool accessible = true;  // not protected, or the right password given
+    };
+    // Empty, with the message reported, when the lock flag cannot be read.
+    static std::optional<Verrouillage> lireVerrouillage(Contexte& contexte, const QString& chemin, int* code);
 };
 
 using Commandes = std::vector<std::unique_ptr<Commande>>;

@@ -1,7 +1,9 @@
 #include "cli/Commandes.h"
 
+#include "store/ErreursSQLite.h"
 #include "store/Fichiers.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonObject>
 
@@ -30,23 +32,39 @@ public:
         if (generation.isEmpty())
             return echec(contexte, fichiers.erreur());
 
-        // Only read: the document is opened read-only and nothing is upgraded.
+        const bool moderne = generation == QStringLiteral("3") || generation == QStringLiteral("4");
+        bool verrouille = false;
+        bool compter = moderne;
+        if (moderne) {
+            const std::optional<Verrouillage> verrou = lireVerrouillage(contexte, chemin, &code);
+            if (!verrou)
+                return code;
+            // The generation and the lock are answered for whoever asks; the counts only with the password.
+            verrouille = verrou->verrouille;
+            compter = verrou->accessible;
+            if (!compter && contexte.motDePasseDonne)
+                contexte.erreurs << "corvane-cli: le mot de passe est incorrect : les nombres d'enregistrements ne "
+                                    "sont pas donnés."
+                                 << Qt::endl;
+        }
+
+        // Only read: nothing is upgraded.
         BaseDeDonnees base;
         base.ouvrirEnLecture(chemin);
-        const bool moderne = generation == QStringLiteral("3") || generation == QStringLiteral("4");
-        const bool verrouille =
-            base.tableExiste("file") && base.entier(QStringLiteral("SELECT f_locked FROM file WHERE f_id = 1;")) == 1;
-        bool compter = moderne;
-        if (verrouille) {
-            if (contexte.motDePasseDonne && !verifierMotDePasse(contexte, chemin, &code))
-                return code;
-            compter = compter && contexte.motDePasseDonne;
-        }
 
         QJsonObject enregistrements;
         if (compter) {
-            for (const QString& table : base.tables())
-                enregistrements.insert(table, base.entier(QStringLiteral("SELECT COUNT(*) FROM \"%1\";").arg(table)));
+            for (const QString& table : base.tables()) {
+                // A count that cannot be read is an error, never a 0.
+                Requete r(base, QStringLiteral("SELECT COUNT(*) FROM \"%1\";").arg(table));
+                if (!r.suivante())
+                    return echec(contexte,
+                                 ErreursSQLite::estOccupe(r.code())
+                                     ? ErreursSQLite::fichierUtilise(chemin)
+                                     : QStringLiteral("Le fichier « %1 » ne peut pas être lu : %2.")
+                                           .arg(QDir::toNativeSeparators(chemin), ErreursSQLite::raison(r.code())));
+                enregistrements.insert(table, r.entier(0));
+            }
         }
 
         if (contexte.json) {

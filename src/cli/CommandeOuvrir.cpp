@@ -33,6 +33,11 @@ public:
             dialogues.repondre({QStringLiteral("Ne rien faire")});
 
         Fichiers fichiers;
+        // A protected document is refused, as by every command on records, before the upgrade pass writes to it.
+        const QString generation = fichiers.checkVersion(chemin);
+        if ((generation == QStringLiteral("3") || generation == QStringLiteral("4")) &&
+            !verifierMotDePasse(contexte, chemin, &code))
+            return code;
         const QString ouvert = fichiers.ouvertureSQLite(chemin, QString(), dialogues);
         if (!fichiers.erreur().isEmpty())
             return echec(contexte, fichiers.erreur());

@@ -7,6 +7,7 @@
 #include "store/Dates.h"
 #include "store/Schema.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -150,6 +151,16 @@ protected:
                 contexte,
                 QStringLiteral("abattement inconnu : « %1 » (choix : 0, 20, 25)").arg(arguments.valeur("abattement")));
 
+        if (arguments.contient("photo")) {
+            // The path is stored for the profile window to show: it must name an existing picture file.
+            const QFileInfo photo(arguments.valeur("photo"));
+            if (!photo.exists())
+                return echec(contexte, QStringLiteral("la photo « %1 » est introuvable.")
+                                           .arg(QDir::toNativeSeparators(arguments.valeur("photo"))));
+            if (!photo.isFile())
+                return echec(contexte, QStringLiteral("« %1 » n'est pas un fichier : indiquez le fichier de la photo.")
+                                           .arg(QDir::toNativeSeparators(arguments.valeur("photo"))));
+        }
         if (!documentAccessible(contexte, chemin, &code))
             return code;
         const bool modification = std::any_of(options.cbegin(), options.cend(), [&arguments](const OptionAttendue& o) {

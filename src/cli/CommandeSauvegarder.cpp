@@ -26,6 +26,10 @@ public:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {}, 2, &code))
             return code;
+        // An empty name would make Qt warn on stderr.
+        if (arguments.positionnels().at(1).isEmpty())
+            return echec(contexte, QStringLiteral("La copie de sauvegarde n'a pas pu être effectuée : aucun fichier de "
+                                                  "destination n'a été indiqué."));
         const QString chemin = QFileInfo(arguments.positionnels().at(0)).absoluteFilePath();
         QString destination = QFileInfo(arguments.positionnels().at(1)).absoluteFilePath();
         if (QFileInfo(destination).isDir())
@@ -45,8 +49,13 @@ public:
             return echec(contexte, QStringLiteral("Vous ne pouvez pas enregistrer une copie de sauvegarde en écrasant "
                                                   "le fichier en cours."));
         QString raison;
-        if (!Sauvegardes::sauvegardeDe(chemin, destination, &raison))
+        if (!Sauvegardes::copier(chemin, destination, &raison))
             return echec(contexte, QStringLiteral("La copie de sauvegarde n'a pas pu être effectuée : %1").arg(raison));
+        if (!Sauvegardes::enregistrerDateSauvegarde(chemin, &raison))
+            return echec(contexte,
+                         QStringLiteral("La copie « %1 » a été faite, mais la date de la sauvegarde n'a pas pu "
+                                        "être enregistrée : %2.")
+                             .arg(QDir::toNativeSeparators(destination), raison));
 
         const QString date = Horloge::aujourdhui().toString(QStringLiteral("yyyy-MM-dd"));
         if (contexte.json)

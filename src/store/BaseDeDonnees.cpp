@@ -1,7 +1,9 @@
 #include "store/BaseDeDonnees.h"
 
 #include "store/Dates.h"
+#include "store/ErreursSQLite.h"
 #include "store/Horloge.h"
+#include "store/Reprise.h"
 
 #include <QFileInfo>
 #include <sqlite3.h>
@@ -59,12 +61,13 @@ bool BaseDeDonnees::ouvrirAvecDrapeaux(const QString& chemin, int drapeaux)
     m_chemin = chemin;
     const int rc = sqlite3_open_v2(chemin.toUtf8().constData(), &m_db, drapeaux, nullptr);
     if (rc != SQLITE_OK) {
-        m_erreur = m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QString::fromUtf8(sqlite3_errstr(rc));
+        m_erreur = ErreursSQLite::raison(m_db ? sqlite3_extended_errcode(m_db) : rc);
         sqlite3_close(m_db);
         m_db = nullptr;
         return false;
     }
-    sqlite3_busy_timeout(m_db, 2000);
+    // Long enough for another program's ordinary write to end; a lock held longer is "in use".
+    sqlite3_busy_timeout(m_db, 5000);
     return true;
 }
 
@@ -83,7 +86,12 @@ bool BaseDeDonnees::ouvrirEnLecture(const QString& chemin)
         m_erreur = QStringLiteral("fichier introuvable");
         return false;
     }
-    return ouvrirAvecDrapeaux(chemin, SQLITE_OPEN_READONLY);
+    const Reprise::ModeLecture mode = Reprise::preparer(chemin);
+    if (!ouvrirAvecDrapeaux(chemin, mode.drapeaux))
+        return false;
+    if (mode.requetesSeules)
+        sqlite3_exec(m_db, "PRAGMA query_only = 1;", nullptr, nullptr, nullptr);
+    return true;
 }
 
 bool BaseDeDonnees::creer(const QString& chemin)
@@ -111,7 +119,7 @@ bool BaseDeDonnees::estEnLectureSeule() const
 void BaseDeDonnees::noterErreur()
 {
     if (m_db)
-        m_erreur = QString::fromUtf8(sqlite3_errmsg(m_db));
+        m_erreur = ErreursSQLite::raison(sqlite3_extended_errcode(m_db), m_chemin);
 }
 
 int BaseDeDonnees::exec(const QString& texte)
@@ -197,10 +205,15 @@ Lignes BaseDeDonnees::lignes(const QString& sql, const QVariantList& valeurs)
 int BaseDeDonnees::executer(const QString& sql, const QVariantList& valeurs)
 {
     Requete r(*this, sql);
-    if (!r.estPreparee())
+    if (!r.estPreparee()) {
+        noterErreur();
         return r.code();
+    }
     r.lierTout(valeurs);
-    return r.executer();
+    const int rc = r.executer();
+    if (rc != SQLITE_DONE)
+        noterErreur();
+    return rc;
 }
 
 qint64 BaseDeDonnees::dernierIdInsere() const

@@ -2,6 +2,7 @@
 
 #include "store/Annexes.h"
 #include "store/Dates.h"
+#include "store/ErreursSQLite.h"
 #include "store/Horloge.h"
 #include "store/Schema.h"
 
@@ -183,11 +184,25 @@ QString Fichiers::checkVersion(const QString& chemin, bool verifierPages)
     const QString endommage =
         QStringLiteral("Le fichier « %1 » est endommagé : Corvane ne peut pas le lire.").arg(nomAffiche(chemin));
 
+    // A lock held by another program, or a hot journal that could not be rolled back, is
+    // not damage: the file is sound and will read once the other program is done.
+    auto refus = [&](const Requete& r) {
+        const int code = sqlite3_extended_errcode(base.handle());
+        if (ErreursSQLite::estOccupe(r.code()))
+            return ErreursSQLite::fichierUtilise(chemin);
+        if (code == SQLITE_READONLY_ROLLBACK)
+            return QStringLiteral("Le fichier « %1 » doit être réparé après un enregistrement interrompu, mais Corvane "
+                                  "ne peut pas écrire dans ce fichier ou dans son dossier « %2 ». Copiez le fichier "
+                                  "avec son fichier « %3-journal » dans un dossier où vous pouvez écrire, puis ouvrez "
+                                  "la copie.")
+                .arg(nomAffiche(chemin), nomAffiche(info.absolutePath()), info.fileName());
+        return r.code() == SQLITE_NOTADB ? pasUnDocument : endommage;
+    };
     qint64 compteur = 0;
     {
         Requete r(base, QStringLiteral("SELECT COUNT(*) AS compteur FROM sqlite_master;"));
         if (!r.suivante()) {
-            echouer(r.code() == SQLITE_NOTADB ? pasUnDocument : endommage);
+            echouer(refus(r));
             return {};
         }
         compteur = r.entier(0);
@@ -197,7 +212,7 @@ QString Fichiers::checkVersion(const QString& chemin, bool verifierPages)
     if (verifierPages) {
         Requete r(base, QStringLiteral("PRAGMA quick_check;"));
         if (!r.suivante() || r.texte(0) != QStringLiteral("ok")) {
-            echouer(r.code() == SQLITE_NOTADB ? pasUnDocument : endommage);
+            echouer(refus(r));
             return {};
         }
     }

@@ -1,6 +1,7 @@
 #include "store/Sauvegardes.h"
 
 #include "store/Dates.h"
+#include "store/ErreursSQLite.h"
 #include "store/Horloge.h"
 #include "store/Intermittent.h"
 
@@ -53,6 +54,9 @@ bool copier(const QString& source, const QString& destination, QString* erreur)
             *erreur = raison;
         return false;
     };
+    // An empty name would make Qt warn on stderr and put the copy in the current folder.
+    if (destination.isEmpty())
+        return echec(QStringLiteral("aucun fichier de destination n'a été indiqué."));
     if (QFileInfo(source).absoluteFilePath() == QFileInfo(destination).absoluteFilePath())
         return echec(QStringLiteral("la copie ne peut pas remplacer le fichier lui-même."));
     BaseDeDonnees origine;
@@ -62,6 +66,11 @@ bool copier(const QString& source, const QString& destination, QString* erreur)
     if (!cible.absoluteDir().exists())
         return echec(
             QStringLiteral("le dossier « %1 » n'existe pas.").arg(QDir::toNativeSeparators(cible.absolutePath())));
+    // Only an ordinary file is replaced: a device or a pipe under that name is not the user's
+    // old backup, and removing it (as an administrator can) breaks the system.
+    if (cible.exists() && !cible.isFile() && !cible.isDir())
+        return echec(QStringLiteral("« %1 » n'est pas un fichier ordinaire : choisissez un autre nom.")
+                         .arg(QDir::toNativeSeparators(destination)));
 
     // Written beside the destination first, then put in its place: a copy that fails
     // never leaves a half-written file under the chosen name.
@@ -80,7 +89,7 @@ bool copier(const QString& source, const QString& destination, QString* erreur)
             rc = rc == SQLITE_DONE ? fin : rc;
         }
     }
-    const QString raison = copie ? QString::fromUtf8(sqlite3_errmsg(copie)) : QString::fromUtf8(sqlite3_errstr(rc));
+    const QString raison = ErreursSQLite::raison(copie ? sqlite3_extended_errcode(copie) : rc);
     sqlite3_close(copie);
     if (rc != SQLITE_OK) {
         QFile::remove(provisoire);
@@ -100,17 +109,31 @@ bool copier(const QString& source, const QString& destination, QString* erreur)
     return true;
 }
 
+bool enregistrerDateSauvegarde(const QString& chemin, QString* erreur)
+{
+    Intermittent document(chemin);
+    BaseDeDonnees& db = document.db();
+    const QString aujourdhui = Dates::versSQLite(Horloge::aujourdhui());
+    // BEGIN IMMEDIATE waits (busy timeout) for another program's write to finish; a date
+    // that still cannot be written is reported, not dropped.
+    int rc = db.exec(QStringLiteral("BEGIN IMMEDIATE;"));
+    if (rc == SQLITE_OK) {
+        db.executer(QStringLiteral("INSERT INTO fichiersauvegardes (fs_date) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "
+                                   "fichiersauvegardes);"),
+                    {aujourdhui});
+        db.executer(QStringLiteral("UPDATE fichiersauvegardes SET fs_date = ? WHERE fs_id = 1;"), {aujourdhui});
+        rc = db.exec(QStringLiteral("COMMIT;"));
+        if (rc != SQLITE_OK)
+            db.exec(QStringLiteral("ROLLBACK;"));
+    }
+    if (rc != SQLITE_OK && erreur)
+        *erreur = ErreursSQLite::raison(rc, chemin);
+    return rc == SQLITE_OK;
+}
+
 bool sauvegardeDe(const QString& source, const QString& destination, QString* erreur)
 {
-    if (!copier(source, destination, erreur))
-        return false;
-    Intermittent document(source);
-    const QString aujourdhui = Dates::versSQLite(Horloge::aujourdhui());
-    if (document.compteLesEnregistrements(QStringLiteral("fichiersauvegardes")) != 0)
-        document.db().exec(QStringLiteral("UPDATE fichiersauvegardes SET fs_date='%1' WHERE fs_id=1;").arg(aujourdhui));
-    else
-        document.db().exec(QStringLiteral("INSERT INTO fichiersauvegardes (fs_date) VALUES ('%1');").arg(aujourdhui));
-    return true;
+    return copier(source, destination, erreur) && enregistrerDateSauvegarde(source, erreur);
 }
 
 QDate dateDerniereSauvegarde(const QString& chemin)

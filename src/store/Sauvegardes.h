@@ -18,6 +18,8 @@ QString constructionNomFichierSauvegarde(bool prefixe, bool nom, bool date, cons
 // Copies the document (consistently, even while it is open) to `destination`, then
 // records today as the date of the last backup. False, with the reason, when the copy fails.
 bool sauvegardeDe(const QString& source, const QString& destination, QString* erreur = nullptr);
+// Records today as the date of the last backup. False, with the reason, when it cannot.
+bool enregistrerDateSauvegarde(const QString& chemin, QString* erreur = nullptr);
 // Only the copy.
 bool copier(const QString& source, const QString& destination, QString* erreur = nullptr);
 

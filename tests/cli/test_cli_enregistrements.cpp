@@ -109,8 +109,9 @@ private slots:
         QTest::newRow("vehicle power") << QStringList{"--puissance", "5"} << "u_vehicule_puissance" << QVariant(5);
         QTest::newRow("self-employment periodicity")
             << QStringList{"--ae-periodicite", "1"} << "u_autoentrepreneur_periode" << QVariant(1);
-        QTest::newRow("photo") << QStringList{"--photo", "/photos/l'été.jpg"} << "u_photo"
-                               << QVariant("/photos/l'été.jpg");
+        const QString photo = m_dossier.filePath("l'été.jpg");
+        ecrire(photo, "JPEG");
+        QTest::newRow("photo") << QStringList{"--photo", photo} << "u_photo" << QVariant(photo);
     }
 
     void profilModifier()

@@ -1,0 +1,210 @@
+// corvane-cli, in-process, on documents in trouble: locked by another program, protected
+// by a password, in WAL mode; and inputs that must be refused in French without a trace.
+
+#include "cli/Cli.h"
+#include "commun/OutilsDocument.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+using namespace corvane;
+using namespace corvane::test;
+
+namespace {
+
+struct Resultat
+{
+    int code = -1;
+    QString sortie;
+    QString erreurs;
+};
+
+Resultat lancer(const QStringList& arguments)
+{
+    Resultat r;
+    QTextStream sortie(&r.sortie);
+    QTextStream erreurs(&r.erreurs);
+    r.code = cli::Cli().executer(QStringList{"--aujourdhui", "2024-06-15", "--json"} + arguments, sortie, erreurs);
+    sortie.flush();
+    erreurs.flush();
+    return r;
+}
+
+QJsonObject json(const Resultat& r)
+{
+    return QJsonDocument::fromJson(r.sortie.toUtf8()).object();
+}
+
+} // namespace
+
+class TestCliPannes : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dossier;
+    int m_numero = 0;
+
+    // Each document in a folder of its own, so that a stray file beside it shows.
+    QString document(const QStringList& options = {})
+    {
+        const QString dossier = m_dossier.filePath(QString::number(++m_numero));
+        QDir().mkpath(dossier);
+        const QString chemin = dossier + "/doc.cv4";
+        const Resultat r = lancer(QStringList{"nouveau", chemin, "--nom", "Martin", "--prenom", "Léa", "--emploi",
+                                              "Artiste", "--ouverture", "2024-02-01"} +
+                                  options);
+        if (r.code != 0)
+            qWarning() << r.erreurs;
+        return chemin;
+    }
+
+    static QStringList contenu(const QString& chemin)
+    {
+        return QFileInfo(chemin).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System);
+    }
+
+private slots:
+    void occupe_data()
+    {
+        QTest::addColumn<QStringList>("commande");
+        QTest::newRow("info") << QStringList{"info"};
+        QTest::newRow("a records command") << QStringList{"employeur", "lister"};
+    }
+
+    void occupe()
+    {
+        QFETCH(QStringList, commande);
+        const QString chemin = document();
+        BaseDeDonnees autre;
+        QVERIFY(autre.ouvrir(chemin));
+        QCOMPARE(autre.exec("BEGIN EXCLUSIVE;"), SQLITE_OK);
+        const Resultat r = lancer(commande + QStringList{chemin});
+        QCOMPARE(r.code, 1);
+        QVERIFY2(
+            r.erreurs.contains(QStringLiteral("Le fichier « %1 » est utilisé par un autre programme.").arg(chemin)),
+            qPrintable(r.erreurs));
+        QVERIFY(!r.erreurs.contains(QStringLiteral("endommagé")));
+        autre.exec("ROLLBACK;");
+    }
+
+    void sauvegarderSousUnAutreEcrivain()
+    {
+        const QString chemin = document();
+        BaseDeDonnees autre;
+        QVERIFY(autre.ouvrir(chemin));
+        QCOMPARE(autre.exec("BEGIN IMMEDIATE; UPDATE utilisateur SET u_nom = 'Autre';"), SQLITE_OK);
+        const Resultat r = lancer({"sauvegarder", chemin, chemin + ".copie"});
+        autre.exec("ROLLBACK;");
+        QCOMPARE(r.code, 1);
+        QVERIFY2(r.erreurs.contains(QStringLiteral("la date de la sauvegarde n'a pas pu être enregistrée")) &&
+                     r.erreurs.contains(QStringLiteral("est utilisé par un autre programme")),
+                 qPrintable(r.erreurs));
+        QVERIFY(r.sortie.isEmpty());
+    }
+
+    void documentProtege_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<bool>("comptes");
+        QTest::newRow("ouvrir without the password") << QStringList{"ouvrir"} << 1 << false;
+        QTest::newRow("ouvrir with a wrong one") << QStringList{"--mot-de-passe", "faux", "ouvrir"} << 1 << false;
+        QTest::newRow("info with a wrong one") << QStringList{"--mot-de-passe", "faux", "info"} << 0 << false;
+        QTest::newRow("info with the right one") << QStringList{"--mot-de-passe", "sésame", "info"} << 0 << true;
+    }
+
+    void documentProtege()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, code);
+        QFETCH(bool, comptes);
+        // A document from before the last column the upgrade pass adds: opening it would write.
+        const QString chemin = document({"--mot-de-passe", "sésame"});
+        {
+            BaseDeDonnees base;
+            QVERIFY(base.ouvrir(chemin));
+            QCOMPARE(base.exec("ALTER TABLE utilisateur DROP COLUMN u_annee_blanche;"), SQLITE_OK);
+        }
+        const QByteArray avant = empreinte(chemin);
+        const Resultat r = lancer(arguments + QStringList{chemin});
+        QCOMPARE(r.code, code);
+        QCOMPARE(empreinte(chemin), avant);
+        if (code == 1)
+            QVERIFY2(r.erreurs.contains(QStringLiteral("mot de passe")), qPrintable(r.erreurs));
+        else
+            QCOMPARE(json(r).value("verrouille").toBool(), true);
+        QCOMPARE(json(r).contains("enregistrements"), comptes);
+    }
+
+    void infoSansTrace()
+    {
+        // A read-only connection to a WAL document creates -wal and -shm and cannot remove them.
+        const QString chemin = document();
+        {
+            BaseDeDonnees base;
+            QVERIFY(base.ouvrir(chemin));
+            QCOMPARE(base.texte("PRAGMA journal_mode = WAL;"), QStringLiteral("wal"));
+        }
+        const QStringList fichiers = contenu(chemin);
+        QCOMPARE(fichiers, QStringList{"doc.cv4"});
+        const QByteArray avant = empreinte(chemin);
+        const Resultat r = lancer({"info", chemin});
+        QCOMPARE(r.code, 0);
+        QCOMPARE(contenu(chemin), fichiers);
+        QCOMPARE(empreinte(chemin), avant);
+    }
+
+    void refusEnFrancais_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("cible");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("photo: missing file")
+            << QStringList{"profil", "modifier", "DOC", "--photo", "CIBLE"} << "absente.jpg"
+            << "la photo « CIBLE » est introuvable";
+        QTest::newRow("photo: a folder") << QStringList{"profil", "modifier", "DOC", "--photo", "CIBLE"} << "dossier"
+                                         << "n'est pas un fichier";
+        QTest::newRow("backup: its temporary name taken") << QStringList{"sauvegarder", "DOC", "CIBLE"} << "prise.cv4"
+                                                          << "le fichier ne peut pas être ouvert";
+        QTest::newRow("backup: no destination")
+            << QStringList{"sauvegarder", "DOC", ""} << QString() << "aucun fichier de destination";
+        QTest::newRow("backup: a pipe under that name") << QStringList{"sauvegarder", "DOC", "CIBLE"} << "tube.cv4"
+                                                        << "n'est pas un fichier ordinaire";
+    }
+
+    void refusEnFrancais()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, cible);
+        QFETCH(QString, message);
+        const QString chemin = document();
+        const QString dossier = QFileInfo(chemin).absolutePath();
+        if (cible == "dossier")
+            QDir(dossier).mkpath(cible);
+        if (cible == "prise.cv4")
+            QDir(dossier).mkpath(cible + ".copie-en-cours");
+        if (cible == "tube.cv4")
+            QCOMPARE(mkfifo(QFile::encodeName(dossier + "/" + cible).constData(), 0600), 0);
+        const QString cheminCible = cible.isEmpty() ? QString() : dossier + "/" + cible;
+        arguments.replaceInStrings("DOC", chemin).replaceInStrings("CIBLE", cheminCible);
+        const QStringList fichiers = contenu(chemin);
+        const QByteArray avant = empreinte(chemin);
+
+        // Neither SQLite's English nor a Qt warning.
+        QTest::failOnWarning(QRegularExpression(".*"));
+        const Resultat r = lancer(arguments);
+        QCOMPARE(r.code, 1);
+        QVERIFY2(r.erreurs.contains(message.replace("CIBLE", cheminCible)), qPrintable(r.erreurs));
+        QVERIFY(r.sortie.isEmpty());
+        QCOMPARE(contenu(chemin), fichiers);
+        QCOMPARE(empreinte(chemin), avant);
+        if (cible == "tube.cv4")
+            QVERIFY(!QFileInfo(cheminCible).isFile());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCliPannes)
+#include "test_cli_pannes.moc"
