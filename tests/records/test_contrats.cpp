@@ -150,40 +150,6 @@ private slots:
         contrats.db().exec(QStringLiteral("DELETE FROM securitesociale WHERE ss_id = %1;").arg(arret));
     }
 
-    void clause_data()
-    {
-        QTest::addColumn<QString>("periode");
-        QTest::addColumn<int>("effectue");
-        QTest::addColumn<int>("paye");
-        QTest::addColumn<QString>("clause");
-        QTest::newRow("all") << "tous" << 0 << 0 << "((c_effectue=0) OR (c_effectue=1))";
-        QTest::newRow("all, done, paid") << "tous" << 1 << 1 << "(c_effectue=1) AND (c_paye=1)";
-        QTest::newRow("year, planned")
-            << "annee" << 2 << 0
-            << "(c_debut_contrat BETWEEN date('now', 'start of year') AND date('now', 'start of year', '+1 year'))  "
-               "AND (c_effectue=0)";
-        QTest::newRow("period, unpaid")
-            << "periode" << 0 << 2
-            << "(c_debut_contrat BETWEEN '2024-03-01 00:00:00.000' AND '2024-07-01 00:00:00.000')  AND (c_paye=0)";
-    }
-
-    void clause()
-    {
-        QFETCH(QString, periode);
-        QFETCH(int, effectue);
-        QFETCH(int, paye);
-        QFETCH(QString, clause);
-        Contrats contrats(m_liste);
-        FiltreContrats filtre;
-        filtre.periode = periode;
-        filtre.effectue = effectue;
-        filtre.paye = paye;
-        filtre.du = QDate(2024, 3, 1);
-        filtre.au = QDate(2024, 7, 1);
-        contrats.listeLesContrats(filtre);
-        QCOMPARE(contrats.clauseWhere, clause);
-    }
-
     void tri_data()
     {
         QTest::addColumn<QString>("sens");

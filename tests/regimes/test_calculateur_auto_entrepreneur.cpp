@@ -52,78 +52,6 @@ private slots:
         QCOMPARE(calculateur.tauxChargesServicesBNC(), servicesBNC);
     }
 
-    void tauxCFE_data()
-    {
-        QTest::addColumn<int>("categorie");
-        QTest::addColumn<bool>("alsace");
-        QTest::addColumn<double>("attendu");
-        QTest::newRow("catégorie 1") << 1 << false << 0.1;
-        QTest::newRow("catégorie 1 en Alsace") << 1 << true << 0.1;
-        QTest::newRow("catégorie 2") << 2 << false << 0.3;
-        QTest::newRow("catégorie 2 en Alsace") << 2 << true << 0.17;
-        QTest::newRow("catégorie 3") << 3 << false << 0.2;
-        QTest::newRow("catégorie 3 en Alsace") << 3 << true << 0.2;
-        QTest::newRow("catégorie 0") << 0 << false << 0.0;
-        QTest::newRow("catégorie 4") << 4 << true << 0.0;
-        QTest::newRow("catégorie -1") << -1 << false << 0.0;
-    }
-    void tauxCFE()
-    {
-        QFETCH(int, categorie);
-        QFETCH(bool, alsace);
-        QFETCH(double, attendu);
-        QCOMPARE(CalculateurAutoEntrepreneur::tauxCFE(categorie, alsace), attendu);
-        CalculateurAutoEntrepreneur calculateur;
-        calculateur.setIdCategoriePro(categorie);
-        calculateur.setAlsace(alsace);
-        // Moselle has no rate of its own here.
-        calculateur.setMoselle(true);
-        QCOMPARE(calculateur.tauxCFE(), attendu);
-    }
-
-    void taxePourFraisDeChambre_data()
-    {
-        QTest::addColumn<int>("activite");
-        QTest::addColumn<bool>("alsace");
-        QTest::addColumn<bool>("moselle");
-        QTest::addColumn<double>("attendu");
-        struct Ligne
-        {
-            int activite;
-            double general, alsace, moselle;
-        };
-        const QList<Ligne> lignes{
-            {1, 0.044, 0.044, 0.044},
-            {2, 0.48, 0.65, 0.83},
-            {3, 0.015, 0.015, 0.015},
-            {4, 0.22, 0.29, 0.37},
-            {5, 0.007, 0.007, 0.007},
-            {0, 0, 0, 0},
-            {6, 0, 0, 0},
-            {-1, 0, 0, 0},
-        };
-        for (const Ligne& l : lignes) {
-            QTest::addRow("activité %d", l.activite) << l.activite << false << false << l.general;
-            QTest::addRow("activité %d en Alsace", l.activite) << l.activite << true << false << l.alsace;
-            QTest::addRow("activité %d en Moselle", l.activite) << l.activite << false << true << l.moselle;
-            QTest::addRow("activité %d, les deux : la Moselle l'emporte", l.activite)
-                << l.activite << true << true << l.moselle;
-        }
-    }
-    void taxePourFraisDeChambre()
-    {
-        QFETCH(int, activite);
-        QFETCH(bool, alsace);
-        QFETCH(bool, moselle);
-        QFETCH(double, attendu);
-        QCOMPARE(CalculateurAutoEntrepreneur::taxePourFraisDeChambre(activite, alsace, moselle), attendu);
-        CalculateurAutoEntrepreneur calculateur;
-        calculateur.setIdActivite(activite);
-        calculateur.setAlsace(alsace);
-        calculateur.setMoselle(moselle);
-        QCOMPARE(calculateur.tauxFraisDeChambre(), attendu);
-    }
-
     void calculeLesCharges_data()
     {
         QTest::addColumn<int>("annee");
@@ -148,6 +76,8 @@ private slots:
             << 2013 << true << false << false << 0 << 0 << 0.0 << 0.0 << 1000.0 << 268.0;
         QTest::newRow("CFE et chambre sur le total, Moselle")
             << 2016 << false << false << true << 3 << 4 << 0.0 << 0.0 << 10000.0 << 2310.0 + 20.0 + 37.0;
+        QTest::newRow("Alsace et Moselle : CFE d'Alsace, chambre de Moselle")
+            << 2016 << false << true << true << 2 << 2 << 0.0 << 0.0 << 10000.0 << 2310.0 + 17.0 + 83.0;
         QTest::newRow("catégorie et activité inconnues")
             << 2016 << false << false << false << 9 << 9 << 10000.0 << 0.0 << 0.0 << 1340.0;
         QTest::newRow("sans chiffre d'affaires") << 2016 << true << true << true << 1 << 2 << 0.0 << 0.0 << 0.0 << 0.0;
@@ -177,15 +107,6 @@ private slots:
         calculateur.setCaPrestationsDeServicesBIC(servicesBIC);
         calculateur.setCaPrestationsDeServicesBNC(servicesBNC);
         QCOMPARE(calculateur.calculeLesCharges(), attendu);
-    }
-
-    void nouveauCalculateur()
-    {
-        const CalculateurAutoEntrepreneur calculateur;
-        QCOMPARE(calculateur.tauxCFE(), 0.0);
-        QCOMPARE(calculateur.tauxFraisDeChambre(), 0.0);
-        QCOMPARE(calculateur.calculeLesCharges(), 0.0);
-        QCOMPARE(calculateur.idAE(), 0);
     }
 };
 

@@ -111,98 +111,34 @@ private slots:
         QTest::addColumn<QString>("colonne");
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("defaut");
-        QTest::newRow("e_prospect: no type, default 0") << "employeurs"
-                                                        << "e_prospect"
-                                                        << ""
-                                                        << "0";
-        QTest::newRow("e_no_siret: no type") << "employeurs"
-                                             << "e_no_siret"
-                                             << ""
-                                             << "''";
-        QTest::newRow("e_no_licence_spectacle: no type") << "employeurs"
-                                                         << "e_no_licence_spectacle"
-                                                         << ""
-                                                         << "''";
-        QTest::newRow("f_rembourse: default 1") << "frais"
-                                                << "f_rembourse"
-                                                << "INTEGER"
-                                                << "1";
-        QTest::newRow("u_annee_blanche: TINYINT") << "utilisateur"
-                                                  << "u_annee_blanche"
-                                                  << "TINYINT"
-                                                  << "0";
-        QTest::newRow("f_password: no default") << "file"
-                                                << "f_password"
-                                                << "VARCHAR"
-                                                << "<aucun>";
-        QTest::newRow("p_nbre_personnes added after") << "propositions"
-                                                      << "p_nbre_personnes"
-                                                      << "INTEGER"
-                                                      << "0";
-        QTest::newRow("cm_employeur") << "contratsmodeles"
-                                      << "cm_employeur"
-                                      << "INTEGER"
-                                      << "1";
-        QTest::newRow("cm_salaire_net_a_payer") << "contratsmodeles"
-                                                << "cm_salaire_net_a_payer"
-                                                << "REAL"
-                                                << "0";
-        QTest::newRow("ss_total_ij") << "securitesociale"
-                                     << "ss_total_ij"
-                                     << "REAL"
-                                     << "0";
-        QTest::newRow("ss_ald") << "securitesociale"
-                                << "ss_ald"
-                                << "INTEGER"
-                                << "0";
-        QTest::newRow("ss_rembourse_mutuelle") << "securitesociale"
-                                               << "ss_rembourse_mutuelle"
-                                               << "INTEGER"
-                                               << "0";
-        QTest::newRow("e_conventionne") << "employeurs"
-                                        << "e_conventionne"
-                                        << "INTEGER"
-                                        << "1";
-        QTest::newRow("e_latitude") << "employeurs"
-                                    << "e_latitude"
-                                    << "REAL"
-                                    << "0";
-        QTest::newRow("e_qualite_id") << "employeurs"
-                                      << "e_qualite_id"
-                                      << "INTEGER"
-                                      << "2";
-        QTest::newRow("c_aem_fp") << "contrats"
-                                  << "c_aem_fp"
-                                  << "INTEGER"
-                                  << "1";
-        QTest::newRow("c_pas") << "contrats"
-                               << "c_pas"
-                               << "REAL"
-                               << "0";
-        QTest::newRow("u_pas") << "utilisateur"
-                               << "u_pas"
-                               << "REAL"
-                               << "0";
-        QTest::newRow("u_rib_iban") << "utilisateur"
-                                    << "u_rib_iban"
-                                    << "VARCHAR"
-                                    << "''";
-        QTest::newRow("u_sacem") << "utilisateur"
-                                 << "u_sacem"
-                                 << "VARCHAR"
-                                 << "''";
-        QTest::newRow("u_ae_activite") << "utilisateur"
-                                       << "u_ae_activite"
-                                       << "INTEGER"
-                                       << "1";
-        QTest::newRow("p_attente: 7") << "periodes"
-                                      << "p_attente"
-                                      << "TINYINT"
-                                      << "7";
-        QTest::newRow("p_conges") << "periodes"
-                                  << "p_conges"
-                                  << "TINYINT"
-                                  << "0";
+        // table, column, declared type, declared default
+        const char* const lignes[][4] = {
+            {"employeurs", "e_prospect", "", "0"},
+            {"employeurs", "e_no_siret", "", "''"},
+            {"employeurs", "e_no_licence_spectacle", "", "''"},
+            {"frais", "f_rembourse", "INTEGER", "1"},
+            {"utilisateur", "u_annee_blanche", "TINYINT", "0"},
+            {"file", "f_password", "VARCHAR", "<aucun>"},
+            {"propositions", "p_nbre_personnes", "INTEGER", "0"},
+            {"contratsmodeles", "cm_employeur", "INTEGER", "1"},
+            {"contratsmodeles", "cm_salaire_net_a_payer", "REAL", "0"},
+            {"securitesociale", "ss_total_ij", "REAL", "0"},
+            {"securitesociale", "ss_ald", "INTEGER", "0"},
+            {"securitesociale", "ss_rembourse_mutuelle", "INTEGER", "0"},
+            {"employeurs", "e_conventionne", "INTEGER", "1"},
+            {"employeurs", "e_latitude", "REAL", "0"},
+            {"employeurs", "e_qualite_id", "INTEGER", "2"},
+            {"contrats", "c_aem_fp", "INTEGER", "1"},
+            {"contrats", "c_pas", "REAL", "0"},
+            {"utilisateur", "u_pas", "REAL", "0"},
+            {"utilisateur", "u_rib_iban", "VARCHAR", "''"},
+            {"utilisateur", "u_sacem", "VARCHAR", "''"},
+            {"utilisateur", "u_ae_activite", "INTEGER", "1"},
+            {"periodes", "p_attente", "TINYINT", "7"},
+            {"periodes", "p_conges", "TINYINT", "0"},
+        };
+        for (const auto& l : lignes)
+            QTest::addRow("%s.%s", l[0], l[1]) << l[0] << l[1] << l[2] << l[3];
     }
 
     void colonnesAjoutees()

@@ -1,6 +1,5 @@
 #include "store/Annexes.h"
 #include "unemployment/FonctionsParametres.h"
-#include "unemployment/ParametresIntermittent.h"
 #include "unemployment/ParametresPoleEmploi.h"
 
 #include <QTest>
@@ -69,108 +68,6 @@ private slots:
         QFETCH(QString, profession);
         QFETCH(int, attendu);
         QCOMPARE(FonctionsParametres::nombreHeuresParJourPour(profession), attendu);
-    }
-
-    // The year is never consulted: every caller receives 3269.
-    void plafondSecuriteSocialePour_data()
-    {
-        QTest::addColumn<int>("annee");
-        for (int annee : {0, 1990, 2013, 2014, 2015, 2016, 2017, 2018, 2050})
-            QTest::addRow("%d", annee) << annee;
-    }
-    void plafondSecuriteSocialePour()
-    {
-        QFETCH(int, annee);
-        QCOMPARE(FonctionsParametres::plafondSecuriteSocialePour(annee), 3269.0);
-    }
-
-    void constantesDesFonctions()
-    {
-        QCOMPARE(FonctionsParametres::heuresMinimumARealiser(), 507);
-        QCOMPARE(FonctionsParametres::assimilationTravailSecuriteSociale(), 5);
-    }
-
-    void defauts_data()
-    {
-        QTest::addColumn<QVariant>("valeur");
-        QTest::addColumn<QVariant>("attendu");
-        const ParametresIntermittent base;
-        QTest::newRow("nombreHeuresMiniPourDossier") << QVariant(base.nombreHeuresMiniPourDossier) << QVariant(507u);
-        QTest::newRow("plafondFormations") << QVariant(base.plafondFormations) << QVariant(338u);
-        QTest::newRow("assimilationTravailSecuriteSociale")
-            << QVariant(base.assimilationTravailSecuriteSociale) << QVariant(5u);
-        QTest::newRow("ageMaxi") << QVariant(base.ageMaxi) << QVariant(60u);
-        QTest::newRow("fondTransitoire") << QVariant(base.fondTransitoire) << QVariant(365u);
-        QTest::newRow("allongementPeriodeDeReference") << QVariant(base.allongementPeriodeDeReference) << QVariant(0u);
-        QTest::newRow("numeroTelephonePoleEmploi") << QVariant(base.numeroTelephonePoleEmploi) << QVariant("3949");
-
-        const ParametresPoleEmploi pe;
-        QTest::newRow("PoleEmploi nbreHeuresMaxiParMois") << QVariant(pe.nbreHeuresMaxiParMois) << QVariant(208u);
-        QTest::newRow("PoleEmploi nbreHeuresMaxiParMoisParDerogation")
-            << QVariant(pe.nbreHeuresMaxiParMoisParDerogation) << QVariant(260u);
-        QTest::newRow("PoleEmploi plafondHeuresEnseignement")
-            << QVariant(pe.plafondHeuresEnseignement) << QVariant(55u);
-        QTest::newRow("PoleEmploi heuresMaxiEnseignement") << QVariant(pe.heuresMaxiEnseignement) << QVariant(55u);
-        QTest::newRow("PoleEmploi plafondHeuresFormations") << QVariant(pe.plafondHeuresFormations) << QVariant(338u);
-        QTest::newRow("PoleEmploi nombreJoursARE_2016") << QVariant(pe.nombreJoursARE_2016) << QVariant(365u);
-        QTest::newRow("PoleEmploi allocationTransitoire") << QVariant(pe.allocationTransitoire) << QVariant(false);
-        QTest::newRow("PoleEmploi securiteSociale") << QVariant(pe.securiteSociale) << QVariant(true);
-        QTest::newRow("PoleEmploi numeroTelephone") << QVariant(pe.numeroTelephone) << QVariant("3949");
-        QTest::newRow("PoleEmploi protocoleAccord") << QVariant(pe.protocoleAccord) << QVariant("");
-        QTest::newRow("PoleEmploi annexe") << QVariant(pe.annexe) << QVariant("");
-        QTest::newRow("PoleEmploi no_annexe") << QVariant(pe.no_annexe) << QVariant("");
-        QTest::newRow("PoleEmploi nombreHeuresMiniPourDossier")
-            << QVariant(pe.nombreHeuresMiniPourDossier) << QVariant(507u);
-    }
-    void defauts()
-    {
-        QFETCH(QVariant, valeur);
-        QFETCH(QVariant, attendu);
-        QCOMPARE(valeur.toString(), attendu.toString());
-    }
-
-    void listesDeLaBase()
-    {
-        QCOMPARE(ParametresIntermittent::securiteSocialePrestations(),
-                 QStringList({"Accident du travail", "Maladie", "Maternité", "Paternité", "Régime Général"}));
-        QCOMPARE(professionsAnnexes(), QStringList({"Artiste", "Ouvrier", "Technicien"}));
-    }
-
-    void annexes_data()
-    {
-        QTest::addColumn<QString>("profession");
-        QTest::addColumn<quint32>("periodeDeReference");
-        QTest::addColumn<quint32>("heuresParJour");
-        QTest::addColumn<QList<quint32>>("paliers");
-        QTest::addColumn<QList<quint32>>("paliers2016");
-        QTest::addColumn<Paliers>("tableau");
-        QTest::newRow("annexe 10 : Artiste") << "Artiste" << 319u << 12u << QList<quint32>{531, 579, 627, 675}
-                                             << QList<quint32>{549, 591, 633, 675} << paliersArtiste;
-        QTest::newRow("annexe 8 : Ouvrier") << "Ouvrier" << 304u << 8u << QList<quint32>{557, 607, 657, 707}
-                                            << QList<quint32>{549, 591, 633, 675} << paliersOuvrierTechnicien;
-        QTest::newRow("annexe 8 : Technicien") << "Technicien" << 304u << 8u << QList<quint32>{557, 607, 657, 707}
-                                               << QList<quint32>{549, 591, 633, 675} << paliersOuvrierTechnicien;
-    }
-    void annexes()
-    {
-        QFETCH(QString, profession);
-        QFETCH(quint32, periodeDeReference);
-        QFETCH(quint32, heuresParJour);
-        QFETCH(QList<quint32>, paliers);
-        QFETCH(QList<quint32>, paliers2016);
-        QFETCH(Paliers, tableau);
-        const auto annexe = annexePourProfession(profession);
-        QVERIFY(annexe.has_value());
-        QCOMPARE(annexe->periodeDeReference, periodeDeReference);
-        QCOMPARE(annexe->periodeDeReference_2016, 366u);
-        QCOMPARE(annexe->heuresParJour, heuresParJour);
-        QCOMPARE(annexe->heuresDeReference, 507u);
-        QCOMPARE(QList<quint32>({annexe->palier1, annexe->palier2, annexe->palier3, annexe->palier4}), paliers);
-        QCOMPARE(
-            QList<quint32>({annexe->palier1_2016, annexe->palier2_2016, annexe->palier3_2016, annexe->palier4_2016}),
-            paliers2016);
-        QCOMPARE(enListe(annexe->tableauPaliers), tableau);
-        QCOMPARE(enListe(annexe->tableauPaliers_2016), tableau2016);
     }
 
     void sansAnnexe_data()
