@@ -169,21 +169,6 @@ private slots:
         PanneauPreferencesImpressions autre(relus);
         QVERIFY(!autre.findChild<QCheckBox*>(cle)->isChecked());
     }
-
-    void lesNeufInterrupteurs()
-    {
-        QStringList cles;
-        for (const auto& groupe : PanneauPreferencesImpressions::groupes())
-            for (const auto& i : groupe.interrupteurs)
-                cles << Reglages::nom(i.cle);
-        QCOMPARE(cles, (QStringList{"Profil_ImpressionsPhoto", "Profil_ImpressionsEtatCivil",
-                                    "Profil_ImpressionsPersonnelles", "Profil_ImpressionsAdministratives",
-                                    "Profil_ImpressionsAE", "Profil_ImpressionsRIB", "Employeurs_ImpressionsListe",
-                                    "Employeurs_ImpressionsCumuls", "Contrats_ImpressionsListe"}));
-        for (const auto& groupe : PanneauPreferencesImpressions::groupes())
-            for (const auto& i : groupe.interrupteurs)
-                QCOMPARE(Reglages::defaut(i.cle), QVariant(true));
-    }
 };
 
 QTEST_MAIN(TestApercuPdf)

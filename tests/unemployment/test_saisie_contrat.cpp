@@ -72,18 +72,12 @@ private slots:
         QTest::addColumn<QString>("unite");
         const QDate juillet1(2016, 7, 1), juillet25(2016, 7, 25), aout2(2016, 8, 2), mars(2024, 3, 4);
         QTest::newRow("one day, artist") << 1 << mars << mars << 1 << 12 << false << "jour";
-        QTest::newRow("one day, worker") << 2 << mars << mars << 1 << 8 << false << "jour";
         QTest::newRow("one day, technician") << 3 << mars << mars << 1 << 8 << false << "jour";
-        QTest::newRow("one day, general scheme") << 4 << mars << mars << 1 << 12 << false << "jour";
         QTest::newRow("one day, 2015") << 1 << QDate(2015, 5, 5) << QDate(2015, 5, 5) << 1 << 12 << false << "jour";
         QTest::newRow("four days before the switch, artist")
             << 1 << juillet1 << juillet1.addDays(3) << 4 << 48 << false << "jours";
-        QTest::newRow("four days before the switch, technician")
-            << 3 << juillet1 << juillet1.addDays(3) << 4 << 32 << false << "jours";
         QTest::newRow("five days from 25 July 2016, artist")
             << 1 << juillet25 << juillet25.addDays(4) << 5 << 40 << true << "jours";
-        QTest::newRow("five days from 25 July 2016, worker")
-            << 2 << juillet25 << juillet25.addDays(4) << 5 << 40 << true << "jours";
         QTest::newRow("ten days in 2010, artist")
             << 1 << QDate(2010, 2, 1) << QDate(2010, 2, 10) << 10 << 80 << true << "jours";
         QTest::newRow("five days from 2 August 2016, artist")
