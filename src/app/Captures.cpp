@@ -123,4 +123,39 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
     });
 }
 
+namespace {
+
+class GuetPeinture : public QObject
+{
+public:
+    explicit GuetPeinture(QWidget& fenetre) : QObject(&fenetre), m_fenetre(fenetre) {}
+
+protected:
+    bool eventFilter(QObject* objet, QEvent* evenement) override
+    {
+        if (evenement->type() == QEvent::Paint && !m_vue && objet->isWidgetType() &&
+            static_cast<QWidget*>(objet)->window() == &m_fenetre) {
+            m_vue = true;
+            // The paint event is being handled: report once it is done.
+            QTimer::singleShot(0, qApp, [] {
+                std::fputs("peinte\n", stdout);
+                std::fflush(stdout);
+                QCoreApplication::quit();
+            });
+        }
+        return QObject::eventFilter(objet, evenement);
+    }
+
+private:
+    QWidget& m_fenetre;
+    bool m_vue = false;
+};
+
+} // namespace
+
+void quitterApresPremierePeinture(QWidget& fenetre)
+{
+    qApp->installEventFilter(new GuetPeinture(fenetre));
+}
+
 } // namespace corvane::app

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QWidget;
+
 namespace corvane::app {
 
 class FenetrePrincipale;
@@ -14,5 +16,8 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination);
 
 // "Sécurité Sociale" -> "securite-sociale".
 QString nomDeFichierSection(const QString& titre);
+
+// Prints "peinte" on stdout once the window has been painted, and quits.
+void quitterApresPremierePeinture(QWidget& fenetre);
 
 } // namespace corvane::app

@@ -25,6 +25,9 @@ int main(int argc, char* argv[])
     if (!controleur.demarrer(arguments.value(1)))
         return 0;
     fenetre.show();
+    // For the start-up benchmark (bench/mesures.py): say when the first picture is on screen, then quit.
+    if (qEnvironmentVariableIsSet("CORVANE_MESURE_DEMARRAGE"))
+        corvane::app::quitterApresPremierePeinture(fenetre);
     // For the documentation's screenshots (make screenshots): save pictures of the window and quit.
     if (const QString capture = qEnvironmentVariable("CORVANE_CAPTURE"); !capture.isEmpty())
         corvane::app::programmerCaptures(fenetre, capture);
