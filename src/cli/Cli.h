@@ -10,6 +10,9 @@ class Cli
 public:
     Cli();
     int executer(const QStringList& arguments, QTextStream& sortie, QTextStream& erreurs);
+    // The arguments as the system gives them: each must be valid UTF-8, kept whole (a
+    // leading byte-order mark too); otherwise bad usage, nothing read.
+    int executer(const QList<QByteArray>& octets, QTextStream& sortie, QTextStream& erreurs);
 
 private:
     void afficherAide(QTextStream& flux) const;

@@ -27,5 +27,10 @@ int main(int argc, char* argv[])
     QGuiApplication application(argc, argv);
     QTextStream sortie(stdout);
     QTextStream erreurs(stderr);
-    return corvane::cli::Cli().executer(application.arguments().mid(1), sortie, erreurs);
+    // The raw bytes (Qt's own options already taken out): arguments() would drop a leading
+    // byte-order mark and turn invalid UTF-8 into replacement characters.
+    QList<QByteArray> arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QByteArray(argv[i]);
+    return corvane::cli::Cli().executer(arguments, sortie, erreurs);
 }
