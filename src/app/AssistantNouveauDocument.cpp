@@ -1,6 +1,8 @@
 #include "app/AssistantNouveauDocument.h"
 
 #include "app/SectionVerrou.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/ChampDate.h"
 #include "store/Dialogues.h"
 #include "store/Fichiers.h"
 #include "store/FormatFrancais.h"
@@ -20,7 +22,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
@@ -87,15 +88,11 @@ QWizardPage* AssistantNouveauDocument::construirePageSituation()
     m_emploi = new QComboBox(page);
     m_emploi->setObjectName(QStringLiteral("emploi"));
     m_emploi->addItems(Schema::emplois()); // ids 1 to 5 in `emplois`
-    m_ouverture = new QDateEdit(Horloge::aujourdhui(), page);
+    m_ouverture = new ChampDate(page);
+    m_ouverture->setDate(Horloge::aujourdhui());
     m_ouverture->setObjectName(QStringLiteral("dateOuvertureDroits"));
-    m_ouverture->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    m_ouverture->setCalendarPopup(true);
-    m_ouverture->setLocale(localeFrancaise());
-    m_taux = champ(QStringLiteral("tauxValide"), page);
-    m_taux->setPlaceholderText(QStringLiteral("0,00"));
-    m_taux->setValidator(new QRegularExpressionValidator(
-        QRegularExpression(QStringLiteral("[0-9 \u00a0\u202f]*([.,][0-9]{0,2})?")), m_taux));
+    m_taux = new ChampMontant(page);
+    m_taux->setObjectName(QStringLiteral("tauxValide"));
     auto* taux = new QHBoxLayout;
     taux->addWidget(m_taux);
     taux->addWidget(new QLabel(QStringLiteral("€ par jour"), page));
@@ -157,21 +154,6 @@ QString AssistantNouveauDocument::nomPropose() const
     return nom.isEmpty() ? QStringLiteral("Corvane") : nom;
 }
 
-std::optional<double> AssistantNouveauDocument::lireTaux(const QString& texte)
-{
-    QString nettoye;
-    for (const QChar c : texte)
-        if (!c.isSpace() && c != QChar(0x00A0) && c != QChar(0x202F))
-            nettoye += c;
-    if (nettoye.isEmpty())
-        return 0.0;
-    bool ok = false;
-    const double taux = Functions::virguleEnPoint(nettoye).toDouble(&ok);
-    if (!ok || taux < 0)
-        return std::nullopt;
-    return taux;
-}
-
 void AssistantNouveauDocument::majCheminPropose()
 {
     if (!m_cheminChoisi)
@@ -206,9 +188,8 @@ bool AssistantNouveauDocument::validateCurrentPage()
 {
     switch (currentId()) {
     case PageSituation:
-        if (!lireTaux(m_taux->text())) {
-            refuser(QStringLiteral("Le taux journalier validé doit être un montant en euros, par exemple 57,40."),
-                    m_taux);
+        if (!m_taux->estValide()) {
+            refuser(QStringLiteral("Taux journalier validé : %1.").arg(m_taux->erreur()), m_taux);
             return false;
         }
         return true;
@@ -231,9 +212,9 @@ bool AssistantNouveauDocument::creer()
         refuser(QStringLiteral("Indiquez où enregistrer le nouveau document."), m_chemin);
         return false;
     }
-    const std::optional<double> taux = lireTaux(m_taux->text());
+    const std::optional<double> taux = m_taux->nombre();
     if (!taux) {
-        refuser(QStringLiteral("Le taux journalier validé doit être un montant en euros, par exemple 57,40."), m_taux);
+        refuser(QStringLiteral("Taux journalier validé : %1.").arg(m_taux->erreur()), m_taux);
         return false;
     }
 

@@ -15,6 +15,8 @@ class Reglages;
 
 namespace corvane::app {
 
+class ChampMontant;
+
 // The new-document assistant: who the user is, the rights in force, an optional
 // password and where to save. Finishing creates the document; on failure the reason
 // is shown and the assistant stays open.
@@ -39,9 +41,6 @@ public:
     QString dossierParDefaut() const;
     // The file name offered, without extension: the user's name, else "Corvane".
     QString nomPropose() const;
-
-    // "57,40", "57.4", "1 234,5"; empty text is 0. No value for anything else.
-    static std::optional<double> lireTaux(const QString& texte);
 
 signals:
     void documentCree(const QString& chemin);
@@ -69,7 +68,7 @@ private:
     QLineEdit* m_nom = nullptr;
     QComboBox* m_emploi = nullptr;
     QDateEdit* m_ouverture = nullptr;
-    QLineEdit* m_taux = nullptr;
+    ChampMontant* m_taux = nullptr;
     QCheckBox* m_renonceAbattement = nullptr;
     QCheckBox* m_autoEntrepreneur = nullptr;
     QLineEdit* m_motDePasse = nullptr;

@@ -1,9 +1,6 @@
 #include "cli/Arguments.h"
 
 #include "store/Dates.h"
-#include "store/Functions.h"
-
-#include <cmath>
 
 namespace corvane::cli {
 
@@ -47,7 +44,7 @@ bool Arguments::analyser(const QStringList& arguments, const QList<OptionAttendu
     return true;
 }
 
-std::optional<QDate> Arguments::date(const QString& option)
+std::optional<QDate> Arguments::date(const QString& option, const QDate& premier, const QDate& dernier)
 {
     if (!contient(option))
         return std::nullopt;
@@ -57,30 +54,34 @@ std::optional<QDate> Arguments::date(const QString& option)
                        .arg(option, valeur(option));
         return std::nullopt;
     }
+    if (const QString refus = SaisieFrancaise::refusDate(jour, premier, dernier); !refus.isEmpty()) {
+        m_erreur = QStringLiteral("date refusée pour --%1 : « %2 » : %3").arg(option, valeur(option), refus);
+        return std::nullopt;
+    }
     return jour;
 }
 
-std::optional<double> Arguments::montant(const QString& option)
+std::optional<double> Arguments::montant(const QString& option, const Bornes& bornes)
 {
     if (!contient(option))
         return std::nullopt;
-    const auto lu = lireMontant(valeur(option));
-    if (!lu)
-        m_erreur = QStringLiteral("montant invalide pour --%1 : « %2 »").arg(option, valeur(option));
-    return lu;
+    const Lecture<double> lu = SaisieFrancaise::nombre(valeur(option), bornes);
+    if (!lu.ok())
+        m_erreur = QStringLiteral("%1 invalide pour --%2 : « %3 » : %4")
+                       .arg(bornes.euros ? QStringLiteral("montant") : QStringLiteral("nombre"), option, valeur(option),
+                            lu.erreur);
+    return lu.valeur;
 }
 
-std::optional<int> Arguments::entier(const QString& option)
+std::optional<int> Arguments::entier(const QString& option, int minimum, int maximum)
 {
     if (!contient(option))
         return std::nullopt;
-    bool ok = false;
-    const int lu = valeur(option).trimmed().toInt(&ok);
-    if (!ok) {
-        m_erreur = QStringLiteral("nombre entier invalide pour --%1 : « %2 »").arg(option, valeur(option));
-        return std::nullopt;
-    }
-    return lu;
+    const Lecture<int> lu = SaisieFrancaise::entier(valeur(option), minimum, maximum);
+    if (!lu.ok())
+        m_erreur =
+            QStringLiteral("nombre entier invalide pour --%1 : « %2 » : %3").arg(option, valeur(option), lu.erreur);
+    return lu.valeur;
 }
 
 bool Arguments::exiger(const QStringList& options)
@@ -92,22 +93,6 @@ bool Arguments::exiger(const QStringList& options)
         }
     }
     return true;
-}
-
-std::optional<double> lireMontant(const QString& texte)
-{
-    QString nettoye;
-    for (const QChar c : texte) {
-        if (c == QLatin1Char(' ') || c == QChar(0x00A0) || c == QChar(0x202F))
-            continue;
-        nettoye += c;
-    }
-    nettoye = Functions::virguleEnPoint(nettoye);
-    bool ok = false;
-    const double valeur = nettoye.toDouble(&ok);
-    if (!ok || nettoye.isEmpty() || !std::isfinite(valeur))
-        return std::nullopt;
-    return valeur;
 }
 
 } // namespace corvane::cli

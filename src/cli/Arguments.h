@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/SaisieFrancaise.h"
+
 #include <QDate>
 #include <QMap>
 #include <QString>
@@ -29,10 +31,18 @@ public:
         return m_valeurs.value(option, defaut);
     }
 
-    // Typed readers: nullopt when the option is absent; erreur() set when it is malformed.
-    std::optional<QDate> date(const QString& option);
-    std::optional<double> montant(const QString& option);
-    std::optional<int> entier(const QString& option);
+    // Typed readers, through the French input rules of SaisieFrancaise: nullopt when the
+    // option is absent; erreur() set when it is malformed or out of its bounds (bad usage).
+    // A date is "AAAA-MM-JJ" between 1950-01-01 and 2100-12-31.
+    std::optional<QDate> date(const QString& option, const QDate& premier = Limites::premierJour(),
+                              const QDate& dernier = Limites::dernierJour());
+    std::optional<double> montant(const QString& option, const Bornes& bornes = Limites::kMontant);
+    std::optional<int> entier(const QString& option, int minimum, int maximum);
+    // A year between 1950 and 2100.
+    std::optional<int> annee(const QString& option)
+    {
+        return entier(option, Limites::kAnneeMinimum, Limites::kAnneeMaximum);
+    }
 
     // A required option: its absence sets erreur().
     bool exiger(const QStringList& options);
@@ -45,9 +55,5 @@ private:
     QMap<QString, QString> m_valeurs;
     QString m_erreur;
 };
-
-// "1 234,56", "1234.56", "-3,5": blanks (also non-breaking) as thousands separators,
-// a decimal comma or point.
-std::optional<double> lireMontant(const QString& texte);
 
 } // namespace corvane::cli

@@ -3,6 +3,7 @@
 #include "cli/Commandes.h"
 #include "store/Dates.h"
 #include "store/Horloge.h"
+#include "store/SaisieFrancaise.h"
 
 namespace corvane::cli {
 
@@ -38,6 +39,23 @@ bool Cli::metEnPage(const QStringList& arguments) const
     return false;
 }
 
+int Cli::executer(const QList<QByteArray>& octets, QTextStream& sortie, QTextStream& erreurs)
+{
+    QStringList arguments;
+    for (int i = 0; i < octets.size(); ++i) {
+        const std::optional<QString> texte = SaisieFrancaise::texteUtf8(octets.at(i));
+        if (!texte) {
+            erreurs << "corvane-cli: l'argument n° " << i + 1
+                    << " n'est pas un texte UTF-8 valide : il n'est pas enregistré avec des caractères de "
+                       "remplacement, corrigez-le."
+                    << Qt::endl;
+            return MauvaisUsage;
+        }
+        arguments << *texte;
+    }
+    return executer(arguments, sortie, erreurs);
+}
+
 int Cli::executer(const QStringList& arguments, QTextStream& sortie, QTextStream& erreurs)
 {
     Contexte contexte{sortie, erreurs, false, QString(), false};
@@ -59,9 +77,9 @@ int Cli::executer(const QStringList& arguments, QTextStream& sortie, QTextStream
                 continue;
             }
             const QDate jour = Dates::depuisIso(valeur);
-            if (!jour.isValid()) {
+            if (!jour.isValid() || !SaisieFrancaise::refusDate(jour).isEmpty()) {
                 erreurs << "corvane-cli: date invalide pour --aujourdhui : « " << valeur
-                        << " » (format attendu : AAAA-MM-JJ)" << Qt::endl;
+                        << " » (format attendu : AAAA-MM-JJ, entre 1950-01-01 et 2100-12-31)" << Qt::endl;
                 return MauvaisUsage;
             }
             Horloge::fixer(jour);

@@ -39,10 +39,12 @@ public:
         if (avecVehicule && !arguments.exiger({"vehicule", "puissance"}))
             return mauvaisUsage(contexte, arguments.erreur());
 
-        const auto annee = arguments.entier("annee");
-        const auto km = arguments.montant("km");
-        const auto vehicule = arguments.entier("vehicule");
-        const auto puissance = arguments.entier("puissance");
+        const auto annee = arguments.annee("annee");
+        // A distance, not an amount: no euro sign, and a year's driving stays below a million kilometres.
+        const auto km = arguments.montant("km", Bornes{0.0, 1'000'000.0, 2, false});
+        // Numbers as stored in the profile; any other small number gives the scale's 0.
+        const auto vehicule = arguments.entier("vehicule", 0, 99);
+        const auto puissance = arguments.entier("puissance", 0, 99);
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
 

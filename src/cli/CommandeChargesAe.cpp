@@ -37,12 +37,12 @@ public:
             return code;
         if (!arguments.exiger({"annee"}))
             return mauvaisUsage(contexte, arguments.erreur());
-        const auto annee = arguments.entier("annee");
+        const auto annee = arguments.annee("annee");
         const auto ventes = arguments.montant("ventes");
         const auto servicesBIC = arguments.montant("services-bic");
         const auto servicesBNC = arguments.montant("services-bnc");
-        const auto categorie = arguments.entier("categorie");
-        const auto activite = arguments.entier("activite");
+        const auto categorie = arguments.entier("categorie", 0, 99);
+        const auto activite = arguments.entier("activite", 0, 99);
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
 

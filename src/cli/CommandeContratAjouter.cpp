@@ -62,13 +62,13 @@ protected:
             return mauvaisUsage(contexte, arguments.erreur());
         const auto debut = arguments.date("debut");
         const auto fin = arguments.date("fin");
-        const auto heures = arguments.entier("heures");
-        const auto jours = arguments.entier("jours");
+        const auto heures = arguments.entier("heures", 0, Limites::kHeuresContratMaximum);
+        const auto jours = arguments.entier("jours", 0, Limites::kJoursContratMaximum);
         const auto brut = arguments.montant("brut");
         const auto net = arguments.montant("net");
         const auto netAPayer = arguments.montant("net-a-payer");
-        const auto pas = arguments.montant("pas");
-        const auto annee = arguments.entier("annee-encaissement");
+        const auto pas = arguments.montant("pas", Limites::kPourcentage);
+        const auto annee = arguments.annee("annee-encaissement");
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
         int emploiId = 0;

@@ -33,8 +33,8 @@ protected:
             return code;
         if (!arguments.exiger({"libelle"}))
             return mauvaisUsage(contexte, arguments.erreur());
-        const auto jours = arguments.entier("jours");
-        const auto heures = arguments.entier("heures");
+        const auto jours = arguments.entier("jours", 0, Limites::kJoursContratMaximum);
+        const auto heures = arguments.entier("heures", 0, Limites::kHeuresContratMaximum);
         const auto brut = arguments.montant("brut");
         const auto net = arguments.montant("net");
         if (arguments.enErreur())

@@ -60,9 +60,9 @@ private:
             return mauvaisUsage(contexte, QStringLiteral("--srj et --taux vont avec --maj-profil"));
         const auto debut = arguments.date("debut");
         const auto fin = arguments.date("fin");
-        const auto conges = arguments.entier("conges");
-        const auto franchise = arguments.entier("franchise-salaires");
-        const auto attente = arguments.entier("attente");
+        const auto conges = arguments.entier("conges", 0, Limites::kJoursPeriodeMaximum);
+        const auto franchise = arguments.entier("franchise-salaires", 0, Limites::kJoursPeriodeMaximum);
+        const auto attente = arguments.entier("attente", 0, Limites::kJoursPeriodeMaximum);
         const auto srj = arguments.montant("srj");
         const auto taux = arguments.montant("taux");
         if (arguments.enErreur())

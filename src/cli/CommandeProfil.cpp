@@ -5,6 +5,7 @@
 #include "records/Periodes.h"
 #include "records/Profil.h"
 #include "store/Dates.h"
+#include "store/Horloge.h"
 #include "store/Schema.h"
 
 #include <QDir>
@@ -18,6 +19,22 @@ namespace {
 using SauvegardeTexte = bool (Profil::*)(const QString&);
 using SauvegardeEntier = bool (Profil::*)(int);
 using SauvegardeMontant = bool (Profil::*)(double);
+
+// A number option, its save operation and its bounds.
+struct OptionEntier
+{
+    QString option;
+    SauvegardeEntier sauvegarde;
+    int minimum;
+    int maximum;
+};
+
+struct OptionMontant
+{
+    QString option;
+    SauvegardeMontant sauvegarde;
+    Bornes bornes;
+};
 
 // Each option of `profil modifier` and the field's own save operation.
 const QList<QPair<QString, SauvegardeTexte>>& optionsTexte()
@@ -59,23 +76,27 @@ const QList<QPair<QString, SauvegardeTexte>>& optionsTexte()
     return liste;
 }
 
-const QList<QPair<QString, SauvegardeEntier>>& optionsEntier()
+// The bounds are those of the profile window's fields.
+const QList<OptionEntier>& optionsEntier()
 {
-    static const QList<QPair<QString, SauvegardeEntier>> liste{
-        {"enfants", &Profil::saveChildren},          {"auto-entrepreneur", &Profil::saveAeFlag},
-        {"ae-categorie", &Profil::saveAeCategoryId}, {"ae-periodicite", &Profil::saveAePeriodicity},
-        {"ae-liberatoire", &Profil::saveAeTaxFlag},  {"vehicule", &Profil::saveVehicleType},
-        {"puissance", &Profil::saveVehiclePower},
+    static const QList<OptionEntier> liste{
+        {"enfants", &Profil::saveChildren, 0, Profil::kEnfantsMaximum},
+        {"auto-entrepreneur", &Profil::saveAeFlag, 0, 1},
+        {"ae-categorie", &Profil::saveAeCategoryId, 1, 3},
+        {"ae-periodicite", &Profil::saveAePeriodicity, 1, 3},
+        {"ae-liberatoire", &Profil::saveAeTaxFlag, 0, 1},
+        {"vehicule", &Profil::saveVehicleType, 1, 3},
+        {"puissance", &Profil::saveVehiclePower, 0, 7},
     };
     return liste;
 }
 
-const QList<QPair<QString, SauvegardeMontant>>& optionsMontant()
+const QList<OptionMontant>& optionsMontant()
 {
-    static const QList<QPair<QString, SauvegardeMontant>> liste{
-        {"srj", &Profil::savePeSRJ},
-        {"taux", &Profil::savePeAllocation},
-        {"pas", &Profil::savePas},
+    static const QList<OptionMontant> liste{
+        {"srj", &Profil::savePeSRJ, Limites::kMontant},
+        {"taux", &Profil::savePeAllocation, Limites::kMontant},
+        {"pas", &Profil::savePas, Limites::kPourcentage},
     };
     return liste;
 }
@@ -101,10 +122,10 @@ protected:
         if (action == QStringLiteral("modifier")) {
             for (const auto& [option, sauvegarde] : optionsTexte())
                 options << OptionAttendue{option};
-            for (const auto& [option, sauvegarde] : optionsEntier())
-                options << OptionAttendue{option};
-            for (const auto& [option, sauvegarde] : optionsMontant())
-                options << OptionAttendue{option};
+            for (const OptionEntier& o : optionsEntier())
+                options << OptionAttendue{o.option};
+            for (const OptionMontant& o : optionsMontant())
+                options << OptionAttendue{o.option};
             options << OptionAttendue{"emploi"} << OptionAttendue{"civilite"} << OptionAttendue{"abattement"}
                     << OptionAttendue{"renoncer-abattement"} << OptionAttendue{"naissance"}
                     << OptionAttendue{"ouverture"} << OptionAttendue{"sans-photo", false};
@@ -117,18 +138,18 @@ protected:
 
         // Every value is read before anything is written.
         QMap<QString, int> entiers;
-        for (const auto& [option, sauvegarde] : optionsEntier()) {
-            if (const auto valeur = arguments.entier(option))
-                entiers.insert(option, *valeur);
+        for (const OptionEntier& o : optionsEntier()) {
+            if (const auto valeur = arguments.entier(o.option, o.minimum, o.maximum))
+                entiers.insert(o.option, *valeur);
         }
         QMap<QString, double> montants;
-        for (const auto& [option, sauvegarde] : optionsMontant()) {
-            if (const auto valeur = arguments.montant(option))
-                montants.insert(option, *valeur);
+        for (const OptionMontant& o : optionsMontant()) {
+            if (const auto valeur = arguments.montant(o.option, o.bornes))
+                montants.insert(o.option, *valeur);
         }
-        const auto naissance = arguments.date("naissance");
+        const auto naissance = arguments.date("naissance", Limites::premiereNaissance(), Horloge::aujourdhui());
         const auto ouverture = arguments.date("ouverture");
-        const auto renoncer = arguments.entier("renoncer-abattement");
+        const auto renoncer = arguments.entier("renoncer-abattement", 0, 1);
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
         if (renoncer && *renoncer != 0 && *renoncer != 1)
@@ -175,9 +196,9 @@ protected:
                 if (arguments.contient(option))
                     (profil.*sauvegarde)(arguments.valeur(option));
             }
-            for (const auto& [option, sauvegarde] : optionsEntier()) {
-                if (entiers.contains(option))
-                    (profil.*sauvegarde)(entiers.value(option));
+            for (const OptionEntier& o : optionsEntier()) {
+                if (entiers.contains(o.option))
+                    (profil.*o.sauvegarde)(entiers.value(o.option));
             }
             if (ouverture) {
                 // The opening date goes with the wage and the rate, as when a new period starts.
@@ -186,9 +207,9 @@ protected:
                 montants.remove("srj");
                 montants.remove("taux");
             }
-            for (const auto& [option, sauvegarde] : optionsMontant()) {
-                if (montants.contains(option))
-                    (profil.*sauvegarde)(montants.value(option));
+            for (const OptionMontant& o : optionsMontant()) {
+                if (montants.contains(o.option))
+                    (profil.*o.sauvegarde)(montants.value(o.option));
             }
             if (arguments.contient("emploi"))
                 profil.saveJobId(emploi);

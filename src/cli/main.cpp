@@ -39,5 +39,10 @@ int main(int argc, char* argv[])
     }
     QTextStream sortie(stdout);
     QTextStream erreurs(stderr);
-    return cli.executer(QCoreApplication::arguments().mid(1), sortie, erreurs);
+    // The raw bytes (Qt's own options already taken out): arguments() would drop a leading
+    // byte-order mark and turn invalid UTF-8 into replacement characters.
+    QList<QByteArray> octets;
+    for (int i = 1; i < argc; ++i)
+        octets << QByteArray(argv[i]);
+    return cli.executer(octets, sortie, erreurs);
 }

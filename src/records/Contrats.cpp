@@ -28,17 +28,9 @@ QString u(int valeur)
 
 } // namespace
 
-Contrats::Contrats(const QString& chemin) : Intermittent(chemin)
-{
-    dateDebut = Horloge::aujourdhui();
-    dateFin = Horloge::aujourdhui();
-}
+Contrats::Contrats(const QString& chemin) : Intermittent(chemin) {}
 
-Contrats::Contrats(BaseDeDonnees& connexion) : Intermittent(connexion)
-{
-    dateDebut = Horloge::aujourdhui();
-    dateFin = Horloge::aujourdhui();
-}
+Contrats::Contrats(BaseDeDonnees& connexion) : Intermittent(connexion) {}
 
 bool Contrats::contratExiste(int id)
 {
@@ -63,7 +55,7 @@ int Contrats::compteLesContratsParEmployeur(int id)
         QStringLiteral("SELECT COUNT(*) AS compteurContrats FROM contrats WHERE c_employeur_id='%1';").arg(u(id))));
 }
 
-int Contrats::enregistreContrat()
+int Contrats::enregistreContrat(const Contrat& c)
 {
     // The day-number list is bound as well: its character rule lets any text through.
     const QString sql =
@@ -71,55 +63,58 @@ int Contrats::enregistreContrat()
                        "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, c_liste_dates, "
                        "c_effectue, c_paye, c_note, c_type, c_fonction, c_conges) VALUES ('%1', '%2', '%3', '%4', "
                        "'%5','%6', '%7', '%8', '%9', ?, '%10', '%11', ?, '%12', ?, '%13');")
-            .arg(u(employeurId), u(emploi), Dates::versSQLite(dateDebut), Dates::versSQLite(dateFin), u(heures),
-                 deuxDecimales(brut), deuxDecimales(net), u(abattement), u(jours))
-            .arg(u(effectue), u(contratPaye), u(type), u(conges));
-    if (m_db.executer(sql, {dates, note, fonction}) != SQLITE_DONE)
+            .arg(u(c.employeurId), u(c.emploiId), Dates::versSQLite(c.debut), Dates::versSQLite(c.fin), u(c.heures),
+                 deuxDecimales(c.brut), deuxDecimales(c.net), u(c.abattementId), u(c.jours))
+            .arg(u(c.effectue), u(c.paye), u(c.type), u(c.conges));
+    if (m_db.executer(sql, {c.listeDates, c.note, c.fonction}) != SQLITE_DONE)
         return 0;
     return int(m_db.dernierIdInsere());
 }
 
-void Contrats::modifieContrat(int id)
+void Contrats::modifieContrat(const Contrat& c)
 {
     const QString sql =
         QStringLiteral("UPDATE contrats SET c_employeur_id='%1', c_emploi_id='%2', c_debut_contrat='%3', "
                        "c_fin_contrat='%4', c_nbre_heures='%5', c_salaire_brut='%6', c_salaire_net='%7', "
                        "c_abattement='%8', c_nbre_jours='%9', c_liste_dates=?, c_effectue='%10', c_paye='%11', "
                        "c_note=?, c_type='%12', c_fonction=?, c_conges='%13' WHERE c_id=?;")
-            .arg(u(employeurId), u(emploi), Dates::versSQLite(dateDebut), Dates::versSQLite(dateFin), u(heures),
-                 deuxDecimales(brut), deuxDecimales(net), u(abattement), u(jours))
-            .arg(u(effectue), u(contratPaye), u(type), u(conges));
-    m_db.executer(sql, {dates, note, fonction, id});
+            .arg(u(c.employeurId), u(c.emploiId), Dates::versSQLite(c.debut), Dates::versSQLite(c.fin), u(c.heures),
+                 deuxDecimales(c.brut), deuxDecimales(c.net), u(c.abattementId), u(c.jours))
+            .arg(u(c.effectue), u(c.paye), u(c.type), u(c.conges));
+    m_db.executer(sql, {c.listeDates, c.note, c.fonction, c.id});
 }
 
-QVariantList Contrats::valeursEcran() const
+QVariantList Contrats::valeursEcran(const Contrat& c)
 {
-    return {employeurId,
-            emploi,
-            Dates::versSQLite(dateDebut),
-            Dates::versSQLite(dateFin),
-            heures,
-            auCentime(brut),
-            auCentime(net),
-            abattement,
-            jours,
-            dates,
-            effectue,
-            contratPaye,
-            note,
-            type,
-            fonction,
-            conges,
-            datesTravaillees,
-            fraisLies,
-            auCentime(netAPayer),
-            anneeEncaissement,
-            lieu,
-            aemFp,
-            auCentime(pas)};
+    QStringList frais;
+    for (const int f : c.fraisLies)
+        frais << QString::number(f);
+    return {c.employeurId,
+            c.emploiId,
+            Dates::versSQLite(c.debut),
+            Dates::versSQLite(c.fin),
+            c.heures,
+            auCentime(c.brut),
+            auCentime(c.net),
+            c.abattementId,
+            c.jours,
+            texteNonNul(c.listeDates),
+            int(c.effectue),
+            int(c.paye),
+            texteNonNul(c.note),
+            c.type,
+            texteNonNul(c.fonction),
+            int(c.conges),
+            c.datesTravaillees.join(QLatin1Char(',')),
+            frais.join(QLatin1Char(',')),
+            auCentime(c.netAPayer),
+            c.anneeEncaissement,
+            texteNonNul(c.lieu),
+            int(c.aemFp),
+            auCentime(c.pas)};
 }
 
-int Contrats::enregistreContratDepuisEcran()
+int Contrats::enregistreContratDepuisEcran(const Contrat& contrat)
 {
     const QString sql = QStringLiteral(
         "INSERT INTO contrats (c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, c_nbre_heures, "
@@ -127,12 +122,12 @@ int Contrats::enregistreContratDepuisEcran()
         "c_type, c_fonction, c_conges, c_dates_travaillees, c_frais_lies, c_salaire_net_a_payer, "
         "c_annee_encaissement, c_lieu, c_aem_fp, c_pas) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
         "?, ?, ?, ?, ?);");
-    if (m_db.executer(sql, valeursEcran()) != SQLITE_DONE)
+    if (m_db.executer(sql, valeursEcran(contrat)) != SQLITE_DONE)
         return 0;
     return int(m_db.dernierIdInsere());
 }
 
-void Contrats::modifieContratDepuisEcran(int id)
+void Contrats::modifieContratDepuisEcran(const Contrat& contrat)
 {
     const QString sql = QStringLiteral(
         "UPDATE contrats SET c_employeur_id = ?, c_emploi_id = ?, c_debut_contrat = ?, c_fin_contrat = ?, "
@@ -140,10 +135,10 @@ void Contrats::modifieContratDepuisEcran(int id)
         "c_liste_dates = ?, c_effectue = ?, c_paye = ?, c_note = ?, c_type = ?, c_fonction = ?, c_conges = ?, "
         "c_dates_travaillees = ?, c_frais_lies = ?, c_salaire_net_a_payer = ?, c_annee_encaissement = ?, c_lieu = ?, "
         "c_aem_fp = ?, c_pas = ? WHERE c_id = ?;");
-    m_db.executer(sql, valeursEcran() << id);
+    m_db.executer(sql, valeursEcran(contrat) << contrat.id);
 }
 
-bool Contrats::chargeContrat(int id)
+std::optional<Contrat> Contrats::chargeContrat(int id)
 {
     Requete r(m_db, QStringLiteral("SELECT c_employeur_id, c_emploi_id, c_debut_contrat, c_fin_contrat, "
                                    "c_nbre_heures, c_salaire_brut, c_salaire_net, c_abattement, c_nbre_jours, "
@@ -152,31 +147,35 @@ bool Contrats::chargeContrat(int id)
                                    "c_lieu, c_aem_fp, c_pas FROM contrats WHERE c_id = %1;")
                         .arg(u(id)));
     if (!r.suivante())
-        return false;
-    employeurId = int(r.entier(0));
-    emploi = int(r.entier(1));
-    dateDebut = Dates::depuisSQLite(r.texte(2));
-    dateFin = Dates::depuisSQLite(r.texte(3));
-    heures = int(r.entier(4));
-    brut = r.reel(5);
-    net = r.reel(6);
-    abattement = int(r.entier(7));
-    jours = int(r.entier(8));
-    dates = r.texte(9);
-    effectue = int(r.entier(10));
-    contratPaye = int(r.entier(11));
-    note = r.texte(12);
-    type = int(r.entier(13));
-    fonction = r.texte(14);
-    conges = int(r.entier(15));
-    datesTravaillees = r.texte(16);
-    fraisLies = r.texte(17);
-    netAPayer = r.reel(18);
-    anneeEncaissement = int(r.entier(19));
-    lieu = r.texte(20);
-    aemFp = r.estNul(21) ? 1 : int(r.entier(21));
-    pas = r.reel(22);
-    return true;
+        return std::nullopt;
+    Contrat c;
+    c.id = id;
+    c.employeurId = int(r.entier(0));
+    c.emploiId = int(r.entier(1));
+    c.debut = Dates::depuisSQLite(r.texte(2));
+    c.fin = Dates::depuisSQLite(r.texte(3));
+    c.heures = int(r.entier(4));
+    c.brut = r.reel(5);
+    c.net = r.reel(6);
+    c.abattementId = int(r.entier(7));
+    c.jours = int(r.entier(8));
+    c.listeDates = r.texte(9);
+    c.effectue = r.entier(10) != 0;
+    c.paye = r.entier(11) != 0;
+    c.note = r.texte(12);
+    c.type = int(r.entier(13));
+    c.fonction = r.texte(14);
+    c.conges = r.entier(15) != 0;
+    const QString dates = r.texte(16);
+    c.datesTravaillees = dates.isEmpty() ? QStringList() : dates.split(QLatin1Char(','));
+    for (const QString& f : r.texte(17).split(QLatin1Char(','), Qt::SkipEmptyParts))
+        c.fraisLies << f.toInt();
+    c.netAPayer = r.reel(18);
+    c.anneeEncaissement = int(r.entier(19));
+    c.lieu = r.texte(20);
+    c.aemFp = r.estNul(21) || r.entier(21) != 0;
+    c.pas = r.reel(22);
+    return c;
 }
 
 void Contrats::supprimeContrat(int id)
@@ -215,9 +214,10 @@ QStringList Contrats::tousLesTypesDeContrats()
 
 int Contrats::dupliqueContrat(int id)
 {
-    Contrats source(m_cheminDuFichier);
-    if (!source.chargeContrat(id))
+    const std::optional<Contrat> source = chargeContrat(id);
+    if (!source)
         return 0;
+    const Contrat& c = *source;
     // Free text (note, function, place, worked dates, cashing year as stored) is bound.
     const QString anneeTexte =
         m_db.texte(QStringLiteral("SELECT c_annee_encaissement FROM contrats WHERE c_id = %1;").arg(u(id)));
@@ -228,13 +228,11 @@ int Contrats::dupliqueContrat(int id)
                        "c_salaire_net_a_payer, c_annee_encaissement, c_lieu, c_liste_dates) VALUES ('%1', '%2', "
                        "'%3', '%4', '%5','%6', '%7', '%8', '%9', ?, '%10', '%11', ?, '%12', ?, '%13', '%14', ?, ?, "
                        "'');")
-            .arg(u(source.employeurId), u(source.emploi), Dates::versSQLite(source.dateDebut),
-                 Dates::versSQLite(source.dateFin), u(source.heures), deuxDecimales(source.brut),
-                 deuxDecimales(source.net), u(source.abattement), u(source.jours))
-            .arg(u(source.effectue), u(source.contratPaye), u(source.type), u(source.conges),
-                 deuxDecimales(source.netAPayer));
-    if (m_db.executer(sql, {source.datesTravaillees, source.note, source.fonction, anneeTexte, source.lieu}) !=
-        SQLITE_DONE)
+            .arg(u(c.employeurId), u(c.emploiId), Dates::versSQLite(c.debut), Dates::versSQLite(c.fin), u(c.heures),
+                 deuxDecimales(c.brut), deuxDecimales(c.net), u(c.abattementId), u(c.jours))
+            .arg(u(c.effectue), u(c.paye), u(c.type), u(c.conges), deuxDecimales(c.netAPayer));
+    if (m_db.executer(sql, {c.datesTravaillees.join(QLatin1Char(',')), texteNonNul(c.note), texteNonNul(c.fonction),
+                            anneeTexte, texteNonNul(c.lieu)}) != SQLITE_DONE)
         return 0;
     return int(m_db.dernierIdInsere());
 }

@@ -3,6 +3,8 @@
 #include "store/Intermittent.h"
 
 #include <QList>
+#include <QStringList>
+#include <optional>
 
 namespace corvane {
 
@@ -24,40 +26,43 @@ struct FiltreContrats
     QString sensPrefere; // the "Contrats_Sens" setting, read by the caller
 };
 
+// One contract, as the screen's statements write it. The defaults are those of a new contract.
+struct Contrat
+{
+    int id = 0;
+    int employeurId = 0;
+    int emploiId = 1;
+    int type = 1;         // a key of contratstypes, or of autoentrepreneurtypes (100 and above)
+    int abattementId = 1; // key of `abattements`, not a percentage
+    QDate debut;
+    QDate fin;
+    int jours = 0;
+    int heures = 0;
+    double brut = 0.0;
+    double net = 0.0;
+    double netAPayer = 0.0;
+    double pas = 0.0; // withholding rate, percent
+    bool effectue = true;
+    bool paye = false;
+    bool conges = false;
+    bool aemFp = true;
+    int anneeEncaissement = 0;
+    QStringList datesTravaillees; // "dd/MM/yyyy"
+    QString listeDates;           // c_liste_dates, the older day-number list, kept as stored
+    QList<int> fraisLies;
+    QString note;
+    QString fonction;
+    QString lieu;
+};
+
 // The contracts of a document: every statement of table `contrats`, the listing with
-// its filters and totals, and the links to expenses. The fields hold one contract
-// while it is written; after a listing, the aggregates hold its totals.
+// its filters and totals, and the links to expenses. After a listing, the aggregates
+// hold its totals.
 class Contrats : public Intermittent
 {
 public:
     explicit Contrats(const QString& chemin = QString());
     explicit Contrats(BaseDeDonnees& connexion);
-
-    // One contract, as the statements write it.
-    int employeurId = 0;
-    int emploi = 0;
-    QDate dateDebut;
-    QDate dateFin;
-    int heures = 0;
-    double brut = 0.0;
-    double net = 0.0;
-    int abattement = 0; // key of `abattements`, not a percentage
-    int jours = 0;
-    QString dates; // c_liste_dates, the older day-number list
-    int effectue = 0;
-    int contratPaye = 0;
-    QString note;
-    int type = 0;
-    QString fonction;
-    int conges = 0;
-    // The columns only the screen's statements write.
-    QString datesTravaillees; // "dd/MM/yyyy" joined by ","
-    QString fraisLies;        // expense keys joined by ","
-    double netAPayer = 0.0;
-    int anneeEncaissement = 0;
-    QString lieu;
-    int aemFp = 1;
-    double pas = 0.0;
 
     // After a listing. The grouped count is only replaced by a non-zero count.
     uint nombrePeriodesGroupees = 0;
@@ -72,14 +77,16 @@ public:
     // A document not yet upgraded lacks the columns the screen's listing reads.
     bool aLesColonnesEcran();
     int compteLesContratsParEmployeur(int employeurId);
-    // The sixteen-column statements of the model (note and function bound).
-    int enregistreContrat();
-    void modifieContrat(int id);
+    // The sixteen-column statements of the model (note and function bound); the update
+    // writes the contract whose key is `contrat.id`.
+    int enregistreContrat(const Contrat& contrat);
+    void modifieContrat(const Contrat& contrat);
     // The screen's statements, every value bound (23 values, and the key for the update).
-    int enregistreContratDepuisEcran();
-    void modifieContratDepuisEcran(int id);
-    // Fills the fields from a stored contract; false when there is none.
-    bool chargeContrat(int id);
+    int enregistreContratDepuisEcran(const Contrat& contrat);
+    void modifieContratDepuisEcran(const Contrat& contrat);
+    // A stored contract; its expenses as its own column lists them (the link table is
+    // fraisLiesAuContrat).
+    std::optional<Contrat> chargeContrat(int id);
     void supprimeContrat(int id);
     void supprimeContratsParEmployeur(int employeurId);
     // The four check boxes of a list row.
@@ -122,14 +129,10 @@ public:
     static bool verifieCaracteresChaineDates(const QString& liste);
     static bool verifieFormatChaineDates(const QString& liste, const QString& mode, const QDate& debut,
                                          const QDate& fin);
-    bool verifieFormatChaineDates(const QString& liste, const QString& mode) const
-    {
-        return verifieFormatChaineDates(liste, mode, dateDebut, dateFin);
-    }
 
 private:
     // The 23 values of the screen's statements, in their column order.
-    QVariantList valeursEcran() const;
+    static QVariantList valeursEcran(const Contrat& contrat);
     QVariantList valeursDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const;
     void calculeLesTotaux(const QString& tri);
 };

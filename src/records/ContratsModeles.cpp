@@ -1,5 +1,7 @@
 #include "records/ContratsModeles.h"
 
+#include "store/SaisieFrancaise.h"
+
 #include <sqlite3.h>
 
 namespace corvane {
@@ -164,6 +166,18 @@ QString ContratsModeles::refusEnregistrement(const ContratModele& m)
 {
     if (m.libelle.trimmed().isEmpty())
         return messageLibelleObligatoire();
+    if (const QString r = SaisieFrancaise::refusEntier(m.jours, 0, Limites::kJoursContratMaximum); !r.isEmpty())
+        return QStringLiteral("Jours : %1.").arg(r);
+    if (const QString r = SaisieFrancaise::refusEntier(m.heures, 0, Limites::kHeuresContratMaximum); !r.isEmpty())
+        return QStringLiteral("Heures : %1.").arg(r);
+    const QList<QPair<QString, double>> montants{{QStringLiteral("Salaire brut"), m.salaireBrut},
+                                                 {QStringLiteral("Salaire net"), m.salaireNet},
+                                                 {QStringLiteral("Salaire net à payer"), m.salaireNetAPayer},
+                                                 {QStringLiteral("Montant de la dépense"), m.fraisMontant}};
+    for (const auto& [champ, montant] : montants) {
+        if (const QString r = SaisieFrancaise::refusNombre(montant, Limites::kMontant); !r.isEmpty())
+            return QStringLiteral("%1 : %2.").arg(champ, r);
+    }
     // Templates are found by their label: two with one label could not be told apart.
     const qint64 autres = m_db.entier(
         QStringLiteral("SELECT COUNT(*) FROM contratsmodeles WHERE cm_libelle=? AND cm_id <> %1;").arg(uint(m.id)),

@@ -53,7 +53,8 @@ public:
     static QString titreVerification();
     static QString questionEmployeursAssocies();
 
-    // What a save refuses ("" when it may be saved): no label, or a label another template has.
+    // What a save refuses ("" when it may be saved): no label, a figure out of its bounds, or
+    // a label another template has.
     QString refusEnregistrement(const ContratModele& modele);
     static QString messageLibelleObligatoire();
     static QString messageExisteDeja();

@@ -1,5 +1,7 @@
 #include "records/Employeurs.h"
 
+#include <cmath>
+
 #include <sqlite3.h>
 
 namespace corvane {
@@ -151,6 +153,10 @@ QString Employeurs::refusEnregistrement(const Employeur& e)
 {
     if (e.raisonSociale.trimmed().isEmpty())
         return messageRaisonSocialeObligatoire();
+    if (!std::isfinite(e.latitude) || std::abs(e.latitude) > 90.0 || !std::isfinite(e.longitude) ||
+        std::abs(e.longitude) > 180.0)
+        return QStringLiteral("La position de l'employeur doit avoir une latitude entre -90 et 90 et une longitude "
+                              "entre -180 et 180.");
     // Same name in another town (or postal code) is another employer.
     const int autres =
         int(m_db.entier(QStringLiteral("SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = ? AND "

@@ -56,7 +56,8 @@ public:
     bool modifieEmployeur(const Employeur& employeur);
     // The columns the form's statements leave out (position, numbers, colour, flags, quality).
     bool enregistreComplements(const Employeur& employeur);
-    // What a new employer's check refuses ("" when it may be saved).
+    // What a save refuses ("" when it may be saved): no name, another employer with the same
+    // name, postal code and town, or a position off the globe.
     QString refusEnregistrement(const Employeur& employeur);
     static QString messageExisteDeja();
     static QString messageRaisonSocialeObligatoire();

@@ -4,6 +4,7 @@
 #include "store/Annexes.h"
 #include "store/Dates.h"
 #include "store/Horloge.h"
+#include "store/SaisieFrancaise.h"
 
 namespace corvane {
 
@@ -90,8 +91,16 @@ QString NouvellePeriode::messageFinAvantDebut()
 
 QString NouvellePeriode::refus()
 {
-    if (!m_periode.debut.isValid() || !m_periode.fin.isValid() || m_periode.fin < m_periode.debut)
+    if (m_periode.debut.isValid() && m_periode.fin.isValid() && m_periode.fin < m_periode.debut)
         return messageFinAvantDebut();
+    if (const QString r = Periodes::refusValeurs(m_periode); !r.isEmpty())
+        return r;
+    if (m_majAutomatique) {
+        if (const QString r = SaisieFrancaise::refusNombre(m_srj, Limites::kMontant); !r.isEmpty())
+            return QStringLiteral("Salaire de référence journalier : %1.").arg(r);
+        if (const QString r = SaisieFrancaise::refusNombre(m_taux, Limites::kMontant); !r.isEmpty())
+            return QStringLiteral("Allocation journalière : %1.").arg(r);
+    }
     // Same two dates as an existing period, whatever its label.
     if (Periodes(m_document.db()).isPeriodeExiste(m_periode.debut, m_periode.fin))
         return messageExisteDeja();

@@ -1,6 +1,7 @@
 #include "records/Periodes.h"
 
 #include "store/Dates.h"
+#include "store/SaisieFrancaise.h"
 
 #include <sqlite3.h>
 
@@ -47,8 +48,28 @@ int Periodes::nombreDePeriodes()
     return int(m_db.entier(QStringLiteral("SELECT COUNT(*) AS compteur FROM periodes;")));
 }
 
+QString Periodes::refusValeurs(const Periode& p)
+{
+    if (const QString r = SaisieFrancaise::refusDate(p.debut); !r.isEmpty())
+        return QStringLiteral("Début : %1.").arg(r);
+    if (const QString r = SaisieFrancaise::refusDate(p.fin); !r.isEmpty())
+        return QStringLiteral("Fin : %1.").arg(r);
+    if (p.fin < p.debut)
+        return QStringLiteral("La fin de la période ne peut pas précéder son début.");
+    const QList<QPair<QString, int>> jours{{QStringLiteral("Congés"), p.conges},
+                                           {QStringLiteral("Franchise salaires"), p.franchiseSalaires},
+                                           {QStringLiteral("Délai d'attente"), p.attente}};
+    for (const auto& [champ, nombre] : jours) {
+        if (const QString r = SaisieFrancaise::refusEntier(nombre, 0, Limites::kJoursPeriodeMaximum); !r.isEmpty())
+            return QStringLiteral("%1 : %2.").arg(champ, r);
+    }
+    return {};
+}
+
 int Periodes::enregistrePeriode(const Periode& p)
 {
+    if (!refusValeurs(p).isEmpty())
+        return 0;
     const int code =
         m_db.executer(QStringLiteral("INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes, p_conges, "
                                      "p_franchise_salaires, p_attente) VALUES ('%1', '%2', ?, ?, ?, ?, ?);")
@@ -59,6 +80,8 @@ int Periodes::enregistrePeriode(const Periode& p)
 
 bool Periodes::modifiePeriode(const Periode& p)
 {
+    if (!refusValeurs(p).isEmpty())
+        return false;
     return m_db.executer(QStringLiteral("UPDATE periodes SET p_date_debut='%1', p_date_fin='%2', p_libelle=?, "
                                         "p_notes=?, p_conges = ?, p_franchise_salaires = ?, p_attente = ? WHERE "
                                         "p_id=?;")

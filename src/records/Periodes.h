@@ -35,9 +35,12 @@ public:
 
     int compteLesPeriodes();
     int nombreDePeriodes();
-    // Inserts the period; returns its id (0 on failure).
+    // What a save refuses ("" when it may be saved): a date out of its bounds, an end
+    // before the start, or a day count out of [0, 365].
+    static QString refusValeurs(const Periode& periode);
+    // Inserts the period; returns its id (0 on failure or refusal).
     int enregistrePeriode(const Periode& periode);
-    bool modifiePeriode(const Periode& periode);
+    bool modifiePeriode(const Periode& periode); // false on failure or refusal
     bool supprimePeriode(int id);
     // Oldest first: "Id", "Libelle", "Début", "Fin", "Début SQLite", "Fin SQLite", "Notes".
     Lignes toutesLesPeriodes();

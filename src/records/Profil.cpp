@@ -133,6 +133,13 @@ bool Profil::enregistreValeur(const char* colonne, const QVariant& valeur)
                          {valeur}) == SQLITE_DONE;
 }
 
+bool Profil::enregistreMontant(const char* colonne, double valeur, const Bornes& bornes)
+{
+    if (!SaisieFrancaise::refusNombre(valeur, bornes).isEmpty())
+        return false;
+    return bornes.decimales == 0 ? enregistreValeur(colonne, qint64(valeur)) : enregistreValeur(colonne, valeur);
+}
+
 bool Profil::enregistreTexte(const char* colonne, const QString& texte)
 {
     return enregistreValeur(colonne, texteNonNul(texte));
@@ -155,8 +162,8 @@ bool Profil::saveLandline(const QString& texte) { return enregistreTexte("u_tele
 bool Profil::saveEmail(const QString& texte) { return enregistreTexte("u_email", texte); }
 bool Profil::saveFax(const QString& texte) { return enregistreTexte("u_fax", texte); }
 bool Profil::saveWebsite(const QString& texte) { return enregistreTexte("u_web", texte); }
-bool Profil::saveChildren(int nombre) { return enregistreValeur("u_nbre_enfants", nombre); }
-bool Profil::savePas(double taux) { return enregistreValeur("u_pas", taux); }
+bool Profil::saveChildren(int nombre) { return enregistreMontant("u_nbre_enfants", nombre, {0, kEnfantsMaximum, 0, false}); }
+bool Profil::savePas(double taux) { return enregistreMontant("u_pas", taux, Limites::kPourcentage); }
 bool Profil::saveAeSiret(const QString& texte) { return enregistreTexte("u_ae_siret", texte); }
 bool Profil::saveAePassword(const QString& texte) { return enregistreTexte("u_ae_password", texte); }
 bool Profil::saveAeFlag(int drapeau) { return enregistreValeur("u_autoentrepreneur_flag", drapeau); }
@@ -168,8 +175,8 @@ bool Profil::saveVehicleType(int type) { return enregistreValeur("u_vehicule_typ
 bool Profil::saveVehiclePower(int puissance) { return enregistreValeur("u_vehicule_puissance", puissance); }
 bool Profil::savePeId(const QString& texte) { return enregistreTexte("u_identifiant_assedic", texte); }
 bool Profil::savePePassword(const QString& texte) { return enregistreTexte("u_poleemploi_password", texte); }
-bool Profil::savePeAllocation(double taux) { return enregistreValeur("u_taux_valide", taux); }
-bool Profil::savePeSRJ(double srj) { return enregistreValeur("u_srj_valide", srj); }
+bool Profil::savePeAllocation(double taux) { return enregistreMontant("u_taux_valide", taux, Limites::kMontant); }
+bool Profil::savePeSRJ(double srj) { return enregistreMontant("u_srj_valide", srj, Limites::kMontant); }
 bool Profil::saveCsNumber(const QString& texte) { return enregistreTexte("u_conges_spectacles", texte); }
 bool Profil::saveCsPassword(const QString& texte) { return enregistreTexte("u_conges_password", texte); }
 bool Profil::saveSsNumber(const QString& texte) { return enregistreTexte("u_nir", texte); }
@@ -188,6 +195,8 @@ bool Profil::saveSacemNumber(const QString& texte) { return enregistreTexte("u_s
 
 bool Profil::saveDob(const QDate& naissance)
 {
+    if (!SaisieFrancaise::refusDate(naissance, Limites::premiereNaissance(), Horloge::aujourdhui()).isEmpty())
+        return false;
     return m_db.exec(QStringLiteral("UPDATE utilisateur SET u_naissance = '%1' WHERE u_id=1;")
                          .arg(Dates::versSQLite(naissance))) == SQLITE_OK;
 }
@@ -243,6 +252,10 @@ bool Profil::enregistrement()
 
 bool Profil::majNouvellePeriodeDu(const QDate& debut, double srj, double taux)
 {
+    if (!SaisieFrancaise::refusDate(debut).isEmpty() ||
+        !SaisieFrancaise::refusNombre(srj, Limites::kMontant).isEmpty() ||
+        !SaisieFrancaise::refusNombre(taux, Limites::kMontant).isEmpty())
+        return false;
     return m_db.exec(QStringLiteral("UPDATE utilisateur SET u_date_debut_dossier='%1', u_srj_valide=%2, "
                                     "u_taux_valide=%3 WHERE u_id=1;")
                          .arg(Dates::versSQLite(debut), montant(srj), montant(taux))) == SQLITE_OK;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Intermittent.h"
+#include "store/SaisieFrancaise.h"
 
 #include <QDate>
 #include <QString>
@@ -52,6 +53,8 @@ public:
     explicit Profil(const QString& chemin = QString());
     explicit Profil(BaseDeDonnees& connexion) : Intermittent(connexion) {}
 
+    static constexpr int kEnfantsMaximum = 30;
+
     // Reads the row; false when the document holds none.
     bool initDepuisLaTableV4();
     const DonneesProfil& donnees() const { return m_donnees; }
@@ -62,6 +65,7 @@ public:
     static const QStringList& nomsDesColonnes();
 
     // One statement per field, one bound value. An emptied text field saves '', never NULL.
+    // A figure or a date out of its bounds (SaisieFrancaise) is refused: false, nothing written.
     bool saveJobId(int id);
     bool saveCivilityId(int id);
     bool saveFirstName(const QString& texte);
@@ -124,6 +128,8 @@ public:
 private:
     bool enregistreTexte(const char* colonne, const QString& texte);
     bool enregistreValeur(const char* colonne, const QVariant& valeur);
+    // A figure within its bounds (an integer one stored as an integer).
+    bool enregistreMontant(const char* colonne, double valeur, const Bornes& bornes);
 
     DonneesProfil m_donnees;
     Ligne m_colonnes;

@@ -6,6 +6,7 @@
 #include "store/Reprise.h"
 
 #include <QFileInfo>
+#include <QStringDecoder>
 #include <sqlite3.h>
 
 namespace corvane {
@@ -355,7 +356,14 @@ QString Requete::texte(int colonne) const
     if (!m_stmt)
         return {};
     const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(m_stmt, colonne));
-    return t ? QString::fromUtf8(t, sqlite3_column_bytes(m_stmt, colonne)) : QString();
+    if (!t)
+        return {};
+    const int taille = sqlite3_column_bytes(m_stmt, colonne);
+    if (taille == 0)
+        return QString::fromUtf8(t, 0);
+    // QString::fromUtf8 would drop a leading byte-order mark: a stored text comes back whole.
+    QStringDecoder decodeur(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decodeur.decode(QByteArrayView(t, taille));
 }
 
 QVariant Requete::valeur(int colonne) const

@@ -3,6 +3,7 @@
 
 #include "store/Dates.h"
 #include "store/Fichiers.h"
+#include "store/SaisieFrancaise.h"
 #include "store/Schema.h"
 
 #include <sqlite3.h>
@@ -24,9 +25,9 @@ QList<int> joursDeLaListe(const QString& liste)
     return jours;
 }
 
-// A contract cannot reasonably last longer than this; a broken date must not
-// make the worked-dates list endless.
-constexpr qint64 kJoursMaximum = 3700;
+// A broken date must not make the worked-dates list endless: the longest contract a
+// form may save.
+constexpr qint64 kJoursMaximum = Limites::kJoursContratMaximum;
 
 } // namespace
 

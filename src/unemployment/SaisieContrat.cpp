@@ -3,6 +3,7 @@
 #include "records/Contrats.h"
 #include "store/Dates.h"
 #include "store/Horloge.h"
+#include "store/SaisieFrancaise.h"
 #include "store/Schema.h"
 #include "unemployment/FonctionsParametres.h"
 
@@ -20,12 +21,20 @@ constexpr int kHeuresSansAP = 12;
 // The self-employment type a self-employed contract starts with: the first by label.
 constexpr int kTypeAutoEntrepreneurParDefaut = 103;
 
+// The days from `debut` to n days later. A span beyond the longest contract is cut there:
+// the save refuses it, and a mistyped year never builds megabytes of dates meanwhile.
 QStringList joursDe(const QDate& debut, qint64 n)
 {
     QStringList liste;
-    for (qint64 i = 0; i <= n; ++i)
+    const qint64 dernier = qMin(n, qint64(Limites::kJoursContratMaximum));
+    for (qint64 i = 0; i <= dernier; ++i)
         liste << Dates::versAffichage(debut.addDays(i));
     return liste;
+}
+
+RefusContrat refusDeSaisie(const QString& champ, const QString& raison)
+{
+    return {QStringLiteral("Gestion des contrats"), QStringLiteral("%1 : %2.").arg(champ, raison)};
 }
 
 } // namespace
@@ -93,42 +102,24 @@ void SaisieContrat::nouveau(Contrats& contrats)
 
 bool SaisieContrat::charger(Contrats& contrats, int id)
 {
-    if (!contrats.chargeContrat(id))
+    std::optional<Contrat> stocke = contrats.chargeContrat(id);
+    if (!stocke)
         return false;
+    *this = SaisieContrat();
+    static_cast<Contrat&>(*this) = std::move(*stocke);
     abattementUtilisateur = contrats.retrouveAbattementIdUtilisateur();
     if (abattementUtilisateur == 0)
         abattementUtilisateur = kAbattementAucun;
-    employeurId = contrats.employeurId;
-    emploiId = contrats.emploi;
-    type = contrats.type;
-    abattementId = contrats.abattement;
-    debut = contrats.dateDebut;
-    fin = contrats.dateFin;
     instantDebut = instantDuDocument(debut);
-    datesTravaillees = contrats.datesTravaillees.isEmpty() ? QStringList() : contrats.datesTravaillees.split(',');
-    jours = contrats.jours;
-    heures = contrats.heures;
     uniteJours = jours > 1 ? QStringLiteral("jours") : QStringLiteral("jour");
     periodeGroupee = fin.isValid() && debut.isValid() && debut.daysTo(fin) + 1 >= kJoursPeriodeGroupee &&
                      instantDebut < dateDeBascule2016();
-    effectue = contrats.effectue != 0;
-    paye = contrats.contratPaye != 0;
-    conges = contrats.conges != 0;
-    aemFp = contrats.aemFp != 0;
-    brut = contrats.brut;
-    net = contrats.net;
-    netAPayer = contrats.netAPayer;
-    pas = contrats.pas;
-    note = contrats.note;
-    fonction = contrats.fonction;
-    lieu = contrats.lieu;
-    listeDates = contrats.dates;
     anneesEncaissement = {fin.year() - 1, fin.year(), fin.year() + 1};
-    anneeEncaissement = contrats.anneeEncaissement != 0 ? contrats.anneeEncaissement : fin.year();
+    if (anneeEncaissement == 0)
+        anneeEncaissement = fin.year();
     if (!anneesEncaissement.contains(anneeEncaissement))
         anneesEncaissement << anneeEncaissement;
     fraisLies = contrats.fraisLiesAuContrat(id);
-    modele.reset();
     return true;
 }
 
@@ -280,6 +271,36 @@ RefusContrat SaisieContrat::verifier(bool documentOuvert) const
         return {QStringLiteral("Gestion des contrats"),
                 QStringLiteral("Avant toute nouvelle opération, il est nécessaire de créer un nouveau fichier, ou "
                                "d'en ouvrir un.")};
+    // The bounds first: no figure out of them is ever stored.
+    if (const QString r = SaisieFrancaise::refusDate(debut); !r.isEmpty())
+        return refusDeSaisie(QStringLiteral("Date de début"), r);
+    if (const QString r = SaisieFrancaise::refusDate(fin); !r.isEmpty())
+        return refusDeSaisie(QStringLiteral("Date de fin"), r);
+    if (fin < debut)
+        return {QStringLiteral("Gestion des contrats"),
+                QStringLiteral("La date de fin du contrat précède sa date de début.")};
+    if (debut.daysTo(fin) + 1 > Limites::kJoursContratMaximum)
+        return {QStringLiteral("Gestion des contrats"),
+                QStringLiteral("Un contrat ne peut pas durer plus de %1 jours.")
+                    .arg(SaisieFrancaise::texteNombre(Limites::kJoursContratMaximum, {0, 0, 0, false}))};
+    if (const QString r = SaisieFrancaise::refusEntier(jours, 0, Limites::kJoursContratMaximum); !r.isEmpty())
+        return refusDeSaisie(QStringLiteral("Nombre de jours"), r);
+    if (const QString r = SaisieFrancaise::refusEntier(heures, 0, Limites::kHeuresContratMaximum); !r.isEmpty())
+        return refusDeSaisie(QStringLiteral("Nombre d'heures"), r);
+    const QList<QPair<QString, double>> montants{{QStringLiteral("Salaire brut"), brut},
+                                                 {QStringLiteral("Salaire net"), net},
+                                                 {QStringLiteral("Net à payer"), netAPayer}};
+    for (const auto& [champ, montant] : montants) {
+        if (const QString r = SaisieFrancaise::refusNombre(montant, Limites::kMontant); !r.isEmpty())
+            return refusDeSaisie(champ, r);
+    }
+    if (const QString r = SaisieFrancaise::refusNombre(pas, Limites::kPourcentage); !r.isEmpty())
+        return refusDeSaisie(QStringLiteral("Taux du prélèvement à la source"), r);
+    if (const QString r =
+            SaisieFrancaise::refusEntier(anneeEncaissement, Limites::kAnneeMinimum, Limites::kAnneeMaximum);
+        !r.isEmpty())
+        return refusDeSaisie(QStringLiteral("Année d'encaissement"), r);
+
     // The 28-day rule counts the days whatever the months they fall in.
     if (type == kTypePrestations && jours > kJoursPrestationsMaximum)
         return {QStringLiteral("Nouveau contrat"),
@@ -300,35 +321,13 @@ EnregistrementContrat SaisieContrat::enregistrer(Contrats& contrats, int id) con
     if (resultat.refus.estRefuse())
         return resultat;
 
-    contrats.employeurId = employeurId;
-    contrats.emploi = emploiId;
-    contrats.dateDebut = debut;
-    contrats.dateFin = fin;
-    contrats.heures = heures;
-    contrats.brut = brut;
-    contrats.net = net;
-    contrats.abattement = abattementId;
-    contrats.jours = jours;
-    contrats.dates = id == 0 ? QString() : listeDates; // new contracts no longer write day numbers
-    contrats.effectue = effectue ? 1 : 0;
-    contrats.contratPaye = paye ? 1 : 0;
-    contrats.note = note;
-    contrats.type = type;
-    contrats.fonction = fonction;
-    contrats.conges = conges ? 1 : 0;
-    contrats.datesTravaillees = datesTravaillees.join(',');
-    QStringList frais;
-    for (const int f : fraisLies)
-        frais << QString::number(f);
-    contrats.fraisLies = frais.join(',');
-    contrats.netAPayer = netAPayer;
-    contrats.anneeEncaissement = anneeEncaissement;
-    contrats.lieu = lieu;
-    contrats.aemFp = aemFp ? 1 : 0;
-    contrats.pas = pas;
+    Contrat contrat = *this;
+    contrat.id = id;
+    if (id == 0)
+        contrat.listeDates.clear(); // new contracts no longer write day numbers
 
     if (id == 0) {
-        resultat.id = contrats.enregistreContratDepuisEcran();
+        resultat.id = contrats.enregistreContratDepuisEcran(contrat);
         if (resultat.id == 0) {
             resultat.refus = {
                 QStringLiteral("Gestion des contrats"),
@@ -336,7 +335,7 @@ EnregistrementContrat SaisieContrat::enregistrer(Contrats& contrats, int id) con
             return resultat;
         }
     } else {
-        contrats.modifieContratDepuisEcran(id);
+        contrats.modifieContratDepuisEcran(contrat);
         resultat.id = id;
     }
     contrats.enregistreFraisLies(resultat.id, fraisLies);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/Contrats.h"
 #include "records/ContratsModeles.h"
 
 #include <QDate>
@@ -10,8 +11,6 @@
 #include <optional>
 
 namespace corvane {
-
-class Contrats;
 
 // Why a contract may not be saved: the alert's title and message.
 struct RefusContrat
@@ -29,14 +28,15 @@ struct EnregistrementContrat
     QString avertissement; // "" when no sickness period overlaps
 };
 
-// One contract as the contract form edits it. The form drives it step by step as the
-// user edits (dates, job, type, the "AP" box, the employer's template, the gross), and
-// `contrat ajouter` fills it in the same order from its options; both save through it,
-// so the derivations and the checks exist once.
+// One contract as the contract form edits it: the contract's values and what the form
+// derives them with. The form drives it step by step as the user edits (dates, job, type,
+// the "AP" box, the employer's template, the gross), and `contrat ajouter` fills it in the
+// same order from its options; both save through it, so the derivations and the checks
+// exist once.
 //
 // It lives with the unemployment rules because the self-employed computation needs the
 // hourly minimum wage of the shared function layer.
-class SaisieContrat
+class SaisieContrat : public Contrat
 {
 public:
     static constexpr int kEmploiRegimeGeneral = 4;
@@ -88,43 +88,21 @@ public:
     double brutApresAbattement() const;
     int pourcentageAbattement() const;
 
-    // The checks of the save action, in their order.
+    // The checks of the save action, in their order: the bounds of every value, then the
+    // contract rules.
     RefusContrat verifier(bool documentOuvert) const;
     // Checks, then writes (a new contract when `id` is 0, else that one), links the
     // expenses and counts the sickness periods the contract overlaps.
     EnregistrementContrat enregistrer(Contrats& modele, int id = 0) const;
 
-    // Inputs and derived values.
-    int employeurId = 0;
-    int emploiId = 1;
-    int type = kTypePrestations;
-    int abattementId = kAbattementAucun;
+    // What the form shows beside the contract's own values.
     int abattementUtilisateur = kAbattementAucun; // the profile's, which "Prestations" takes
-    QDate debut;
-    QDate fin;
     QDateTime instantDebut;
-    QStringList datesTravaillees; // "dd/MM/yyyy"
-    int jours = 0;
-    int heures = 0;
     QString uniteJours = QStringLiteral("jour");
     bool periodeGroupee = false; // shown in the grouped-contracts colour
-    bool effectue = true;
-    bool paye = false;
-    bool conges = false;
-    bool aemFp = true;
     bool ap = false;
-    double brut = 0.0;
-    double net = 0.0;
-    double netAPayer = 0.0;
-    double pas = 0.0;
     double brutAbattuAE = 0.0; // the self-employed gross after its allowance
     QList<int> anneesEncaissement;
-    int anneeEncaissement = 0;
-    QString note;
-    QString fonction;
-    QString lieu;
-    QString listeDates; // the older day-number list, kept as stored
-    QList<int> fraisLies;
     std::optional<ContratModele> modele;
 
 private:

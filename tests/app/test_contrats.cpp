@@ -9,6 +9,8 @@
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/MessageSaisie.h"
 #include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
 #include "records/OutilsContrats.h"
@@ -133,14 +135,14 @@ private slots:
         // The profile's job and abatement, one day today.
         QCOMPARE(b->widget<QComboBox>("choixEmploi")->currentText(), QStringLiteral("Artiste"));
         QCOMPARE(b->widget<QComboBox>("choixAbattement")->currentText(), QStringLiteral("20 %"));
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 12);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 12);
 
         b->choisir("choixEmployeur", "Théâtre d'Orly");
         b->dates(QDate(2016, 7, 25), QDate(2016, 7, 29));
-        QCOMPARE(b->widget<QSpinBox>("champJours")->value(), 5);
+        QCOMPARE(b->widget<ChampNombre>("champJours")->value(), 5);
         QCOMPARE(b->widget<QLabel>("uniteJours")->text(), QStringLiteral("jours"));
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 40);
-        QVERIFY(b->widget<QSpinBox>("champHeures")->styleSheet().contains(QStringLiteral("#3465a4")));
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 40);
+        QVERIFY(b->widget<ChampNombre>("champHeures")->styleSheet().contains(QStringLiteral("#3465a4")));
         QVERIFY(b->widget<QCheckBox>("caseEffectue")->isChecked());
         QCOMPARE(b->widget<QComboBox>("choixAnneeEncaissement")->count(), 3);
         QCOMPARE(b->widget<QComboBox>("choixAnneeEncaissement")->currentText(), QStringLiteral("2016"));
@@ -167,6 +169,70 @@ private slots:
         QVERIFY(b->widget<QLabel>("totauxContrats")->text().contains(QStringLiteral("1 période groupée")));
     }
 
+    // An amount typed the French way is saved to the cent; anything else is refused with its
+    // reason and nothing is written, never 0,00 €.
+    void montantSaisi_data()
+    {
+        QTest::addColumn<QString>("texte");
+        QTest::addColumn<QString>("stocke"); // c_salaire_brut, "" when nothing may be saved
+        QTest::newRow("German grouping") << "1.977,00"
+                                         << "";
+        QTest::newRow("letters O for zeros") << "15OO"
+                                             << "";
+        QTest::newRow("a word") << "abc"
+                                << "";
+        QTest::newRow("exponent") << "1e308"
+                                  << "";
+        QTest::newRow("beyond a hundred million") << "100 000 000,01"
+                                                  << "";
+        QTest::newRow("grouped, decimal comma") << "1 977,00"
+                                                << "1977.0";
+        QTest::newRow("one decimal") << "1977,5"
+                                     << "1977.5";
+        QTest::newRow("decimal point") << "1977.5"
+                                       << "1977.5";
+        QTest::newRow("euro sign") << "1 977,50 €"
+                                   << "1977.5";
+    }
+
+    void montantSaisi()
+    {
+        QFETCH(QString, texte);
+        QFETCH(QString, stocke);
+        auto b = banc();
+        b->section->nouveauContrat();
+        b->choisir("choixEmployeur", "Opéra");
+        b->saisir("champBrut", texte);
+        b->enregistrer();
+        if (stocke.isEmpty()) {
+            QVERIFY(b->enEdition());
+            QCOMPARE(valeur(b->chemin, "SELECT COUNT(*) FROM contrats;"), QStringLiteral("0"));
+            QCOMPARE(b->dialogues.echanges().size(), 1);
+            QVERIFY2(b->dialogues.echanges().first().message.startsWith(QStringLiteral("Salaire brut : ")),
+                     qPrintable(b->dialogues.echanges().first().message));
+            QVERIFY(b->widget<MessageSaisie>("messageSaisie")->isVisible());
+            QVERIFY(!b->widget<ChampMontant>("champBrut")->toolTip().isEmpty());
+        } else {
+            QVERIFY(!b->enEdition());
+            QCOMPARE(valeur(b->chemin, "SELECT c_salaire_brut FROM contrats;"), stocke);
+        }
+    }
+
+    // Tab goes from field to field: a date is one stop, not one per day, month and year.
+    void tabulationDesDates()
+    {
+        auto b = banc();
+        b->section->nouveauContrat();
+        b->section->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(b->section.get()));
+        auto* debut = b->widget<QDateEdit>("dateDebut");
+        debut->setFocus();
+        QTest::keyClick(debut, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), b->widget<QDateEdit>("dateFin"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), b->widget<QWidget>("champJours"));
+    }
+
     void derivationsDuFormulaire()
     {
         auto b = banc();
@@ -175,13 +241,13 @@ private slots:
         b->section->setDocument(documentOuvert(b->chemin, b->section.get()));
         b->section->nouveauContrat();
         b->dates(QDate(2024, 3, 4), QDate(2024, 3, 6));
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 36);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 36);
         QTest::mouseClick(b->widget<QCheckBox>("caseAP"), Qt::LeftButton);
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 21);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 21);
         QTest::mouseClick(b->widget<QCheckBox>("caseAP"), Qt::LeftButton);
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 36);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 36);
         b->choisir("choixEmploi", "Technicien");
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 24);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 24);
         b->choisir("choixType", "Enseignements");
         QCOMPARE(b->widget<QComboBox>("choixAbattement")->currentText(), QStringLiteral("0 %"));
         b->choisir("choixType", "Prestations");
@@ -194,7 +260,7 @@ private slots:
         QCOMPARE(b->widget<QComboBox>("choixEmploi")->currentText(), QStringLiteral("Technicien"));
         QCOMPARE(b->widget<QComboBox>("choixType")->currentText(), QStringLiteral("Formations"));
         QCOMPARE(b->widget<QDateEdit>("dateFin")->date(), QDate(2024, 3, 7));
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 35);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 35);
         QCOMPARE(b->widget<QLineEdit>("champBrut")->text(), QStringLiteral("800,00"));
         b->widget<QDateEdit>("dateDebut")->setDate(QDate(2024, 5, 2));
         QCOMPARE(b->widget<QDateEdit>("dateFin")->date(), QDate(2024, 5, 5));
@@ -205,7 +271,7 @@ private slots:
         QCOMPARE(b->widget<QComboBox>("choixType")->currentText(), QStringLiteral("Activités libérales (BNC)"));
         b->choisir("choixType", "Prestations de services BIC");
         b->saisir("champBrut", "976");
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 50);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 50);
         QCOMPARE(b->widget<QLabel>("brutApresAbattement")->text(), euros(488));
         QVERIFY(!b->widget<QComboBox>("choixAbattement")->isEnabled());
 
@@ -285,7 +351,7 @@ private slots:
         QTest::mouseClick(b->widget<QPushButton>("boutonModifierContrat"), Qt::LeftButton);
         QVERIFY(b->enEdition());
         QCOMPARE(b->formulaire()->mode(), QStringLiteral("modif"));
-        QCOMPARE(b->widget<QSpinBox>("champHeures")->value(), 36);
+        QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 36);
         b->saisir("champLieu", "Bercy");
         auto* listeFrais = b->widget<QListWidget>("listeFraisLies");
         QCOMPARE(listeFrais->count(), 1);

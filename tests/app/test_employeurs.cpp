@@ -6,6 +6,7 @@
 #include "app/employeurs/CumulsEmployeurs.h"
 #include "app/employeurs/FenetreModeles.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/kit/ChampChiffre.h"
 #include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
 #include "records/Employeurs.h"
@@ -278,8 +279,8 @@ private slots:
         saisir(f, "champLibelleModele", "Régie d'un soir");
         auto* employeur = trouver<QComboBox>(f, "champEmployeurModele");
         employeur->setCurrentIndex(employeur->findText("L'Odéon (Paris)"));
-        trouver<QDoubleSpinBox>(f, "champBrutModele")->setValue(250.5);
-        trouver<QDoubleSpinBox>(f, "champNetAPayerModele")->setValue(180);
+        trouver<ChampMontant>(f, "champBrutModele")->setValue(250.5);
+        trouver<ChampMontant>(f, "champNetAPayerModele")->setValue(180);
         QTest::keyClick(trouver<QLineEdit>(f, "champLibelleModele"), Qt::Key_Return);
         QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM contratsmodeles WHERE cm_libelle = 'Régie d''un soir' AND "
                                   "cm_employeur = 2 AND cm_salaire_brut = 250.5 AND cm_salaire_net_a_payer = 180;"),

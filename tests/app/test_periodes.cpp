@@ -3,6 +3,7 @@
 // update, and the management window's refusals and warning.
 
 #include "app/Environnement.h"
+#include "app/kit/ChampChiffre.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
 #include "app/periodes/FenetrePeriodes.h"
 #include "commun/MaisonTemporaire.h"
@@ -75,11 +76,11 @@ private slots:
         QCOMPARE(debut->date(), QDate(2024, 6, 15));
         QCOMPARE(fin->date(), QDate(2025, 6, 15)); // an artist, 366 days
         QCOMPARE(trouver<QLineEdit>(a, "champLibelle")->text(), QStringLiteral("Période du 15/06/2024 au 15/06/2025"));
-        QCOMPARE(trouver<QSpinBox>(a, "champAttente")->value(), 7);
-        QCOMPARE(trouver<QDoubleSpinBox>(a, "champTaux")->value(), 0.0);
+        QCOMPARE(trouver<ChampNombre>(a, "champAttente")->value(), 7);
+        QCOMPARE(trouver<ChampMontant>(a, "champTaux")->value(), 0.0);
         QVERIFY(!trouver<QCheckBox>(a, "champMajProfil")->isChecked());
         // Rights opened in 2024: no reference daily wage to give.
-        QVERIFY(!trouver<QDoubleSpinBox>(a, "champSrj")->isVisibleTo(&a));
+        QVERIFY(!trouver<ChampMontant>(a, "champSrj")->isVisibleTo(&a));
         // The end and the label follow the start.
         debut->setDate(QDate(2024, 9, 1));
         QCOMPARE(fin->date(), QDate(2025, 9, 1));
@@ -118,8 +119,8 @@ private slots:
         a.show();
         trouver<QDateEdit>(a, "champDebut")->setDate(QDate(2025, 3, 2));
         trouver<QCheckBox>(a, "champMajProfil")->setChecked(true);
-        trouver<QDoubleSpinBox>(a, "champTaux")->setValue(61.25);
-        trouver<QSpinBox>(a, "champConges")->setValue(4);
+        trouver<ChampMontant>(a, "champTaux")->setValue(61.25);
+        trouver<ChampNombre>(a, "champConges")->setValue(4);
         QTest::keyClick(trouver<QLineEdit>(a, "champLibelle"), Qt::Key_Return); // Enter saves
         QCOMPARE(valeur(m_chemin, "SELECT u_date_debut_dossier FROM utilisateur;").toString(),
                  QStringLiteral("2025-03-02 00:00:00.000"));

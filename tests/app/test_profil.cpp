@@ -3,6 +3,7 @@
 // the setting, and the photo is chosen through the dialogs seam.
 
 #include "app/Environnement.h"
+#include "app/kit/ChampChiffre.h"
 #include "app/profil/FenetreProfil.h"
 #include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
@@ -192,7 +193,7 @@ private slots:
         montrer(*f, ae);
         ae->click();
         QCOMPARE(colonne(m_chemin, "u_autoentrepreneur_flag").toInt(), 1);
-        auto* enfants = trouver<QSpinBox>(*f, "champEnfants");
+        auto* enfants = trouver<ChampNombre>(*f, "champEnfants");
         montrer(*f, enfants);
         enfants->setFocus();
         enfants->setValue(3);

@@ -103,8 +103,8 @@ private slots:
         QTest::newRow("rate") << QStringList{"--taux", "57,25"} << "u_taux_valide" << QVariant(57.25);
         QTest::newRow("opening date") << QStringList{"--ouverture", "2024-05-01"} << "u_date_debut_dossier"
                                       << QVariant("2024-05-01 00:00:00.000");
-        QTest::newRow("opening date with its wage, two decimals")
-            << QStringList{"--ouverture", "2024-05-01", "--srj", "88,456"} << "u_srj_valide" << QVariant(88.46);
+        QTest::newRow("opening date with its wage")
+            << QStringList{"--ouverture", "2024-05-01", "--srj", "88,46"} << "u_srj_valide" << QVariant(88.46);
         QTest::newRow("children") << QStringList{"--enfants", "2"} << "u_nbre_enfants" << QVariant(2);
         QTest::newRow("vehicle power") << QStringList{"--puissance", "5"} << "u_vehicule_puissance" << QVariant(5);
         QTest::newRow("self-employment periodicity")
@@ -139,6 +139,7 @@ private slots:
         QTest::newRow("unknown abatement") << QStringList{"--abattement", "30"} << "abattement inconnu" << 2;
         QTest::newRow("bad date") << QStringList{"--naissance", "12/03/1985"} << "date invalide" << 2;
         QTest::newRow("bad amount") << QStringList{"--srj", "douze"} << "montant invalide" << 2;
+        QTest::newRow("below the cent") << QStringList{"--srj", "88,456"} << "deux décimales au plus" << 2;
         QTest::newRow("unknown option") << QStringList{"--chapeau", "x"} << "option inconnue" << 2;
     }
 
@@ -250,7 +251,7 @@ private slots:
         QCOMPARE(cli({"employeur", "ajouter", chemin, "--nom", "L'Odéon", "--commune", "Paris"}).code, 0);
         ResultatCli r =
             cli({"modele", "ajouter", chemin, "--libelle", "Régie d'un soir", "--type", "Enseignements", "--jours", "2",
-                 "--heures", "16", "--brut", "1 234,567", "--net", "950,5", "--employeur", "L'Odéon"});
+                 "--heures", "16", "--brut", "1 234,57", "--net", "950,5", "--employeur", "L'Odéon"});
         QCOMPARE(r.code, 0);
         QCOMPARE(lireJson(r), (QJsonObject{{"id", 1}}));
         BaseDeDonnees base;
@@ -260,7 +261,7 @@ private slots:
         QCOMPARE(m.value("cm_emploi_id").toInt(), 3); // the profile's job
         QCOMPARE(m.value("cm_type_id").toInt(), 2);
         QCOMPARE(m.value("cm_nbre_heures").toInt(), 16);
-        QCOMPARE(m.value("cm_salaire_brut").toDouble(), 1234.57); // two decimals
+        QCOMPARE(m.value("cm_salaire_brut").toDouble(), 1234.57);
         QCOMPARE(m.value("cm_employeur").toInt(), 2);
         base.fermer();
 
@@ -332,7 +333,7 @@ private slots:
             {"periode",   "ajouter",         chemin,    "--debut",      "2024-02-01", "--fin", "2025-01-30",
              "--libelle", "Période d'essai", "--notes", "Note d'été",   "--conges",   "3",     "--franchise-salaires",
              "4",         "--attente",       "0",       "--maj-profil", "--srj",      "80",    "--taux",
-             "55,556"});
+             "55,56"});
         QCOMPARE(r.code, 0);
         QCOMPARE(lireJson(r), (QJsonObject{{"id", 2}}));
         QCOMPARE(valeur(chemin, "SELECT u_taux_valide FROM utilisateur;").toDouble(), 55.56);

@@ -6,6 +6,7 @@
 #include "records/Contrats.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
+#include "store/SaisieFrancaise.h"
 #include "unemployment/SaisieContrat.h"
 
 #include <QTemporaryDir>
@@ -377,6 +378,71 @@ private slots:
         QCOMPARE(refus.titre, titre);
         QCOMPARE(refus.message, message);
         QCOMPARE(refus.estRefuse(), !message.isEmpty());
+    }
+
+    // Every figure is bounded before the contract rules run; a span from year 1 to 9999
+    // never builds its millions of worked dates.
+    void bornes_data()
+    {
+        QTest::addColumn<QDate>("debut");
+        QTest::addColumn<QDate>("fin");
+        QTest::addColumn<QString>("champ");
+        QTest::addColumn<double>("valeur");
+        QTest::addColumn<QString>("message");
+        const QDate m1(2024, 3, 1);
+        const QString montant = QStringLiteral("le montant ne peut pas dépasser 100 000 000,00 €.");
+        QTest::newRow("year 1 to 9999") << QDate(1, 1, 1) << QDate(9999, 12, 31) << "" << 0.0
+                                        << "Date de début : la date doit être comprise entre le 01/01/1950 et le "
+                                           "31/12/2100.";
+        QTest::newRow("1950 to 2100") << QDate(1950, 1, 1) << QDate(2100, 12, 31) << "" << 0.0
+                                      << "Un contrat ne peut pas durer plus de 3700 jours.";
+        QTest::newRow("the longest contract") << m1 << m1.addDays(3699) << "" << 0.0 << "";
+        QTest::newRow("one day longer") << m1 << m1.addDays(3700) << "" << 0.0
+                                        << "Un contrat ne peut pas durer plus de 3700 jours.";
+        QTest::newRow("gross of 1e308") << m1 << m1 << "brut" << 1e308 << "Salaire brut : " + montant;
+        QTest::newRow("infinite net") << m1 << m1 << "net" << qInf()
+                                      << "Salaire net : le montant n'est pas un nombre fini.";
+        QTest::newRow("negative net to pay")
+            << m1 << m1 << "netAPayer" << -0.01 << "Net à payer : un montant négatif n'est pas permis.";
+        QTest::newRow("a hundred million") << m1 << m1 << "brut" << 1e8 << "";
+        QTest::newRow("rate above 100 %") << m1 << m1 << "pas" << 100.5
+                                          << "Taux du prélèvement à la source : la valeur doit être comprise entre 0 "
+                                             "et 100.";
+        QTest::newRow("hours beyond") << m1 << m1 << "heures" << 88801.0
+                                      << "Nombre d'heures : la valeur doit être comprise entre 0 et 88 800.";
+        QTest::newRow("negative days") << m1 << m1 << "jours" << -1.0
+                                       << "Nombre de jours : la valeur doit être comprise entre 0 et 3700.";
+        QTest::newRow("cashing year 1900") << m1 << m1 << "annee" << 1900.0
+                                           << "Année d'encaissement : la valeur doit être comprise entre 1950 et 2100"
+                                              ".";
+    }
+
+    void bornes()
+    {
+        QFETCH(QDate, debut);
+        QFETCH(QDate, fin);
+        QFETCH(QString, champ);
+        QFETCH(double, valeur);
+        QFETCH(QString, message);
+        SaisieContrat s = saisie(1, debut, fin);
+        QVERIFY(s.datesTravaillees.size() <= Limites::kJoursContratMaximum + 1);
+        s.type = 3; // training: no 28-day rule
+        s.employeurId = 2;
+        if (champ == QStringLiteral("brut"))
+            s.brut = valeur;
+        else if (champ == QStringLiteral("net"))
+            s.net = valeur;
+        else if (champ == QStringLiteral("netAPayer"))
+            s.netAPayer = valeur;
+        else if (champ == QStringLiteral("pas"))
+            s.pas = valeur;
+        else if (champ == QStringLiteral("heures"))
+            s.heures = int(valeur);
+        else if (champ == QStringLiteral("jours"))
+            s.jours = int(valeur);
+        else if (champ == QStringLiteral("annee"))
+            s.anneeEncaissement = int(valeur);
+        QCOMPARE(s.verifier(true).message, message);
     }
 
     void nouveauDepuisLeProfil()

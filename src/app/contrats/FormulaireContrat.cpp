@@ -4,11 +4,13 @@
 #include "app/contrats/FormulaireContrat.h"
 
 #include "app/Environnement.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/ChampDate.h"
+#include "app/kit/MessageSaisie.h"
 #include "records/Contrats.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -18,19 +20,16 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace corvane::app {
 
 namespace {
 
-QLineEdit* champMontant(QWidget* parent, const QString& nom)
+ChampMontant* champMontant(QWidget* parent, const QString& nom, const Bornes& bornes = Limites::kMontant)
 {
-    auto* champ = new QLineEdit(parent);
+    auto* champ = new ChampMontant(parent, bornes);
     champ->setObjectName(nom);
-    champ->setPlaceholderText(QStringLiteral("0,00"));
-    champ->setAlignment(Qt::AlignRight);
     champ->setMaximumWidth(140);
     return champ;
 }
@@ -95,6 +94,15 @@ void FormulaireContrat::construire()
     bas->addWidget(boiteFrais, 1);
     mise->addLayout(bas, 1);
 
+    m_message = new MessageSaisie(this);
+    m_message->surveiller(m_brut, QStringLiteral("Salaire brut"));
+    m_message->surveiller(m_net, QStringLiteral("Salaire net"));
+    m_message->surveiller(m_pas, QStringLiteral("Taux du prélèvement à la source"));
+    m_message->surveiller(m_netAPayer, QStringLiteral("Net à payer"));
+    m_message->surveiller(m_jours, QStringLiteral("Durée"));
+    m_message->surveiller(m_heures, QStringLiteral("Heures"));
+    mise->addWidget(m_message);
+
     auto* boutons = new QHBoxLayout;
     boutons->addStretch(1);
     m_annuler = new QPushButton(QStringLiteral("Annuler"), this);
@@ -114,24 +122,16 @@ QWidget* FormulaireContrat::construireColonneGauche()
     m_employeur = liste(boite, QStringLiteral("choixEmployeur"));
     m_emploi = liste(boite, QStringLiteral("choixEmploi"));
     m_type = liste(boite, QStringLiteral("choixType"));
-    m_debut = new QDateEdit(boite);
+    m_debut = new ChampDate(boite);
     m_debut->setObjectName(QStringLiteral("dateDebut"));
-    m_fin = new QDateEdit(boite);
+    m_fin = new ChampDate(boite);
     m_fin->setObjectName(QStringLiteral("dateFin"));
-    for (QDateEdit* date : {m_debut, m_fin}) {
-        date->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-        date->setCalendarPopup(true);
-        date->setMaximumWidth(160);
-    }
-    m_jours = new QSpinBox(boite);
+    m_jours = new ChampNombre(0, Limites::kJoursContratMaximum, boite);
     m_jours->setObjectName(QStringLiteral("champJours"));
-    m_jours->setRange(0, 9999);
     m_uniteJours = new QLabel(QStringLiteral("jour"), boite);
     m_uniteJours->setObjectName(QStringLiteral("uniteJours"));
-    m_heures = new QSpinBox(boite);
+    m_heures = new ChampNombre(0, Limites::kHeuresContratMaximum, boite);
     m_heures->setObjectName(QStringLiteral("champHeures"));
-    m_heures->setRange(0, 99999);
-    m_heures->setSuffix(QStringLiteral(" h"));
     m_ap = case_(boite, QStringLiteral("AP (7 heures par jour)"), QStringLiteral("caseAP"));
     m_lieu = new QLineEdit(boite);
     m_lieu->setObjectName(QStringLiteral("champLieu"));
@@ -170,7 +170,7 @@ QWidget* FormulaireContrat::construireColonneDroite()
     m_brutAbattu->setObjectName(QStringLiteral("brutApresAbattement"));
     m_net = champMontant(boite, QStringLiteral("champNet"));
     m_netAPayer = champMontant(boite, QStringLiteral("champNetAPayer"));
-    m_pas = champMontant(boite, QStringLiteral("champPas"));
+    m_pas = champMontant(boite, QStringLiteral("champPas"), Limites::kPourcentage);
     m_annee = liste(boite, QStringLiteral("choixAnneeEncaissement"));
     m_annee->setMinimumContentsLength(6);
     m_annee->setMaximumWidth(140);
@@ -195,8 +195,8 @@ QWidget* FormulaireContrat::construireColonneDroite()
 
 void FormulaireContrat::connecter()
 {
-    connect(m_debut, &QDateEdit::userDateChanged, this, [this] { datesChoisies(true); });
-    connect(m_fin, &QDateEdit::userDateChanged, this, [this] { datesChoisies(false); });
+    connect(m_debut, &ChampDate::userDateChanged, this, [this] { datesChoisies(true); });
+    connect(m_fin, &ChampDate::userDateChanged, this, [this] { datesChoisies(false); });
     connect(m_employeur, &QComboBox::activated, this, [this] {
         lireChamps();
         employeurChoisi();
@@ -218,11 +218,14 @@ void FormulaireContrat::connecter()
         afficher();
     });
     connect(m_brut, &QLineEdit::textEdited, this, [this] {
+        // The derivations follow an amount that reads; one that does not leaves them as they were.
+        if (!m_brut->estValide())
+            return;
         lireChamps();
         m_saisie.choisirBrut(m_saisie.brut);
         majBrutAbattu();
         if (m_saisie.emploiId == SaisieContrat::kEmploiAutoEntrepreneur)
-            m_heures->setValue(m_saisie.heures);
+            m_heures->actualiser(m_saisie.heures);
     });
     connect(m_abattement, &QComboBox::activated, this, [this] {
         m_saisie.abattementId = m_abattement->currentData().toInt();

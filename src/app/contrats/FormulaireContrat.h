@@ -7,14 +7,12 @@
 
 class QCheckBox;
 class QComboBox;
-class QDateEdit;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
-class QSpinBox;
 
 namespace corvane {
 class Contrats;
@@ -27,6 +25,10 @@ class Document;
 namespace corvane::app {
 
 struct Environnement;
+class ChampDate;
+class ChampMontant;
+class ChampNombre;
+class MessageSaisie;
 
 // The contract form, in mode "ajout" (a new contract) or "modif" (an existing one). It
 // drives a SaisieContrat as the user edits, so that the days, hours, abatement and the
@@ -79,18 +81,18 @@ private:
     QComboBox* m_employeur = nullptr;
     QComboBox* m_emploi = nullptr;
     QComboBox* m_type = nullptr;
-    QDateEdit* m_debut = nullptr;
-    QDateEdit* m_fin = nullptr;
-    QSpinBox* m_jours = nullptr;
+    ChampDate* m_debut = nullptr;
+    ChampDate* m_fin = nullptr;
+    ChampNombre* m_jours = nullptr;
     QLabel* m_uniteJours = nullptr;
-    QSpinBox* m_heures = nullptr;
+    ChampNombre* m_heures = nullptr;
     QCheckBox* m_ap = nullptr;
-    QLineEdit* m_brut = nullptr;
+    ChampMontant* m_brut = nullptr;
     QComboBox* m_abattement = nullptr;
     QLabel* m_brutAbattu = nullptr;
-    QLineEdit* m_net = nullptr;
-    QLineEdit* m_netAPayer = nullptr;
-    QLineEdit* m_pas = nullptr;
+    ChampMontant* m_net = nullptr;
+    ChampMontant* m_netAPayer = nullptr;
+    ChampMontant* m_pas = nullptr;
     QComboBox* m_annee = nullptr;
     QCheckBox* m_effectue = nullptr;
     QCheckBox* m_paye = nullptr;
@@ -100,6 +102,7 @@ private:
     QLineEdit* m_fonction = nullptr;
     QPlainTextEdit* m_note = nullptr;
     QListWidget* m_frais = nullptr;
+    MessageSaisie* m_message = nullptr;
     QPushButton* m_enregistrer = nullptr;
     QPushButton* m_annuler = nullptr;
 };

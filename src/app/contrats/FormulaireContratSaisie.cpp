@@ -6,6 +6,9 @@
 #include "store/Document.h"
 
 #include "app/Environnement.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/ChampDate.h"
+#include "app/kit/MessageSaisie.h"
 #include "records/Contrats.h"
 #include "records/ContratsModeles.h"
 #include "store/Dates.h"
@@ -16,7 +19,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -24,25 +26,23 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QSpinBox>
 
 namespace corvane::app {
 
 namespace {
 
-QString texteMontant(double montant)
+// A figure that reads goes into the contract; one that does not leaves it as it was (the
+// save is then refused with the reason).
+void lire(const ChampChiffre* champ, double& valeur)
 {
-    return enSaisie(montant);
+    if (const auto lu = champ->nombre())
+        valeur = *lu;
 }
 
-// Typed with a decimal comma or point, blanks as thousands separators; anything else is 0.
-double montantSaisi(const QLineEdit* champ)
+void lire(const ChampNombre* champ, int& valeur)
 {
-    QString texte;
-    for (const QChar c : champ->text())
-        if (!c.isSpace() && c != QChar(0x202F) && c != QChar(0x00A0) && c != QChar(0x20AC))
-            texte += c;
-    return Functions::virguleEnPoint(texte).toDouble();
+    if (const auto lu = champ->entier())
+        valeur = *lu;
 }
 
 void choisirDonnee(QComboBox* combo, const QVariant& donnee)
@@ -147,21 +147,19 @@ void FormulaireContrat::afficher()
     choisirDonnee(m_type, s.type);
     m_debut->setDate(s.debut);
     m_fin->setDate(s.fin);
-    m_jours->setValue(s.jours);
+    m_jours->actualiser(s.jours);
     m_uniteJours->setText(s.jours > 1 ? QStringLiteral("jours") : QStringLiteral("jour"));
-    m_heures->setValue(s.heures);
+    m_heures->actualiser(s.heures);
     // Before 2016, five days or more were a grouped period: its hours are shown in their colour.
-    m_heures->setStyleSheet(
-        s.periodeGroupee
-            ? QStringLiteral("color: %1;").arg(m_environnement.reglages.texte(Reglages::Cle::CouleursContratsGroupes))
-            : QString());
-    m_heures->setToolTip(s.periodeGroupee ? QStringLiteral("Période groupée : 8 heures par jour") : QString());
+    m_heures->setCouleur(s.periodeGroupee ? m_environnement.reglages.texte(Reglages::Cle::CouleursContratsGroupes)
+                                          : QString());
+    m_heures->setBulle(s.periodeGroupee ? QStringLiteral("Période groupée : 8 heures par jour") : QString());
     m_ap->setChecked(s.ap);
-    m_brut->setText(s.brut == 0.0 ? QString() : texteMontant(s.brut));
+    m_brut->actualiser(s.brut);
     choisirDonnee(m_abattement, s.abattementId);
-    m_net->setText(s.net == 0.0 ? QString() : texteMontant(s.net));
-    m_netAPayer->setText(s.netAPayer == 0.0 ? QString() : texteMontant(s.netAPayer));
-    m_pas->setText(s.pas == 0.0 ? QString() : texteMontant(s.pas));
+    m_net->actualiser(s.net);
+    m_netAPayer->actualiser(s.netAPayer);
+    m_pas->actualiser(s.pas);
     m_annee->clear();
     for (const int annee : s.anneesEncaissement)
         m_annee->addItem(QString::number(annee), annee);
@@ -179,6 +177,7 @@ void FormulaireContrat::afficher()
         element->setCheckState(s.fraisLies.contains(element->data(Qt::UserRole).toInt()) ? Qt::Checked : Qt::Unchecked);
     }
     majBrutAbattu();
+    m_message->actualiser();
 }
 
 void FormulaireContrat::majBrutAbattu()
@@ -193,13 +192,13 @@ void FormulaireContrat::lireChamps()
 {
     SaisieContrat& s = m_saisie;
     s.employeurId = m_employeur->currentData().toInt();
-    s.jours = m_jours->value();
-    s.heures = m_heures->value();
-    s.brut = montantSaisi(m_brut);
+    lire(m_jours, s.jours);
+    lire(m_heures, s.heures);
+    lire(m_brut, s.brut);
     s.abattementId = m_abattement->currentData().toInt();
-    s.net = montantSaisi(m_net);
-    s.netAPayer = montantSaisi(m_netAPayer);
-    s.pas = montantSaisi(m_pas);
+    lire(m_net, s.net);
+    lire(m_netAPayer, s.netAPayer);
+    lire(m_pas, s.pas);
     if (m_annee->currentIndex() >= 0)
         s.anneeEncaissement = m_annee->currentData().toInt();
     s.effectue = m_effectue->isChecked();
@@ -241,6 +240,11 @@ void FormulaireContrat::employeurChoisi()
 bool FormulaireContrat::enregistrer()
 {
     lireChamps();
+    // A figure that cannot be read is never saved, nor saved as 0.
+    if (const QString refus = m_message->refus(); !refus.isEmpty()) {
+        m_environnement.dialogues.information(QStringLiteral("Gestion des contrats"), refus, QStringLiteral("Fermer"));
+        return false;
+    }
     Contrats sansDocument;
     const EnregistrementContrat resultat = m_saisie.enregistrer(m_contrats ? *m_contrats : sansDocument, m_id);
     if (resultat.refus.estRefuse()) {

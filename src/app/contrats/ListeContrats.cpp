@@ -3,6 +3,7 @@
 #include "app/ActionsRapport.h"
 #include "app/ControleurApplication.h"
 #include "app/Environnement.h"
+#include "app/kit/ChampDate.h"
 #include "app/MemoireColonnes.h"
 #include "app/contrats/ModeleTableContrats.h"
 #include "exchange/ExportPdf.h"
@@ -149,9 +150,9 @@ QLayout* ListeContrats::construireFiltres()
     m_periode->addItem(QStringLiteral("Période de référence"), QStringLiteral("periode_reference"));
     m_periode->addItem(QStringLiteral("Année en cours"), QStringLiteral("annee"));
     m_periode->addItem(QStringLiteral("Période choisie"), QStringLiteral("periode"));
-    m_du = new QDateEdit(this);
+    m_du = new ChampDate(this);
     m_du->setObjectName(QStringLiteral("filtreDu"));
-    m_au = new QDateEdit(this);
+    m_au = new ChampDate(this);
     m_au->setObjectName(QStringLiteral("filtreAu"));
     for (QDateEdit* date : {m_du, m_au}) {
         date->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));

@@ -4,6 +4,8 @@
 
 #include "app/Environnement.h"
 #include "app/MemoireColonnes.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/MessageSaisie.h"
 #include "records/Employeurs.h"
 #include "store/Dialogues.h"
 #include "store/FormatFrancais.h"
@@ -13,13 +15,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -29,16 +29,17 @@ namespace {
 
 const QString kTitre = QStringLiteral("Modèles de contrat");
 
-QDoubleSpinBox* montant(QWidget* parent, const QString& nom)
+const QLocale& francais()
 {
-    auto* boite = new QDoubleSpinBox(parent);
-    boite->setObjectName(nom);
-    boite->setLocale(localeFrancaise());
-    boite->setRange(0.0, 10000000.0);
-    boite->setDecimals(2);
-    boite->setSuffix(QStringLiteral(" €"));
-    boite->setGroupSeparatorShown(true);
-    return boite;
+    static const QLocale locale(QLocale::French, QLocale::France);
+    return locale;
+}
+
+ChampMontant* montant(QWidget* parent, const QString& nom)
+{
+    auto* champ = new ChampMontant(parent);
+    champ->setObjectName(nom);
+    return champ;
 }
 
 } // namespace
@@ -88,13 +89,11 @@ FenetreModeles::FenetreModeles(Environnement& environnement, Document& document,
     m_type = new QComboBox(this);
     m_type->setObjectName(QStringLiteral("champTypeModele"));
     forme->addRow(QStringLiteral("Type"), m_type);
-    m_jours = new QSpinBox(this);
+    m_jours = new ChampNombre(0, Limites::kJoursContratMaximum, this);
     m_jours->setObjectName(QStringLiteral("champJoursModele"));
-    m_jours->setRange(0, 366);
     forme->addRow(QStringLiteral("Jours"), m_jours);
-    m_heures = new QSpinBox(this);
+    m_heures = new ChampNombre(0, Limites::kHeuresContratMaximum, this);
     m_heures->setObjectName(QStringLiteral("champHeuresModele"));
-    m_heures->setRange(0, 9999);
     forme->addRow(QStringLiteral("Heures"), m_heures);
     forme->addRow(QStringLiteral("Salaire brut"), m_brut = montant(this, QStringLiteral("champBrutModele")));
     forme->addRow(QStringLiteral("Salaire net"), m_net = montant(this, QStringLiteral("champNetModele")));
@@ -124,6 +123,14 @@ FenetreModeles::FenetreModeles(Environnement& environnement, Document& document,
     m_fraisNote->setObjectName(QStringLiteral("champFraisNote"));
     forme->addRow(QStringLiteral("Détails de la dépense"), m_fraisNote);
     droite->addLayout(forme);
+    m_message = new MessageSaisie(this);
+    m_message->surveiller(m_jours, QStringLiteral("Jours"));
+    m_message->surveiller(m_heures, QStringLiteral("Heures"));
+    m_message->surveiller(m_brut, QStringLiteral("Salaire brut"));
+    m_message->surveiller(m_net, QStringLiteral("Salaire net"));
+    m_message->surveiller(m_netAPayer, QStringLiteral("Salaire net à payer"));
+    m_message->surveiller(m_fraisMontant, QStringLiteral("Montant de la dépense"));
+    droite->addWidget(m_message);
     droite->addStretch(1);
 
     auto* boutons = new QHBoxLayout;
@@ -233,6 +240,7 @@ void FenetreModeles::afficher(const ContratModele& m)
     m_fraisMontant->setValue(m.fraisMontant);
     m_fraisNote->setText(m.fraisDetails);
     m_supprimer->setEnabled(m.id != 0);
+    m_message->actualiser();
 }
 
 ContratModele FenetreModeles::saisie() const
@@ -241,15 +249,16 @@ ContratModele FenetreModeles::saisie() const
     m.libelle = m_libelle->text().trimmed();
     m.emploiId = m_emploi->currentData().toInt();
     m.typeId = m_type->currentData().toInt();
-    m.jours = m_jours->value();
-    m.heures = m_heures->value();
-    m.salaireBrut = m_brut->value();
-    m.salaireNet = m_net->value();
-    m.salaireNetAPayer = m_netAPayer->value();
+    // Figures that cannot be read keep the template's values; the save refuses them first.
+    m.jours = m_jours->entier().value_or(m.jours);
+    m.heures = m_heures->entier().value_or(m.heures);
+    m.salaireBrut = m_brut->nombre().value_or(m.salaireBrut);
+    m.salaireNet = m_net->nombre().value_or(m.salaireNet);
+    m.salaireNetAPayer = m_netAPayer->nombre().value_or(m.salaireNetAPayer);
     m.employeurId = m_employeur->currentIndex() < 0 ? 1 : m_employeur->currentData().toInt();
     m.associerFrais = m_associerFrais->isChecked() ? 1 : 0;
     m.fraisTypeId = m_fraisType->currentData().toInt();
-    m.fraisMontant = m_fraisMontant->value();
+    m.fraisMontant = m_fraisMontant->nombre().value_or(m.fraisMontant);
     m.fraisDetails = m_fraisNote->text();
     return m;
 }
@@ -271,8 +280,14 @@ void FenetreModeles::nouveauModele()
 
 void FenetreModeles::enregistrer()
 {
+    // A figure that cannot be read is never saved, nor saved as 0.
+    QString refus = m_message->refus();
+    if (!refus.isEmpty()) {
+        m_environnement.dialogues.information(kTitre, refus, QStringLiteral("Fermer"));
+        return;
+    }
     ContratModele m = saisie();
-    const QString refus = m_modeles->refusEnregistrement(m);
+    refus = m_modeles->refusEnregistrement(m);
     if (!refus.isEmpty()) {
         m_environnement.dialogues.information(kTitre, refus, QStringLiteral("Fermer"));
         return;

@@ -7,10 +7,8 @@
 
 class QCheckBox;
 class QComboBox;
-class QDoubleSpinBox;
 class QLineEdit;
 class QPushButton;
-class QSpinBox;
 class QTableWidget;
 
 namespace corvane {
@@ -20,6 +18,9 @@ class Document;
 namespace corvane::app {
 
 struct Environnement;
+class ChampMontant;
+class ChampNombre;
+class MessageSaisie;
 
 // The contract templates: the list by name, the form of the selected one (or of a new
 // one), saving and deleting (with the question when employers carry the template).
@@ -50,15 +51,16 @@ private:
     QLineEdit* m_libelle = nullptr;
     QComboBox* m_emploi = nullptr;
     QComboBox* m_type = nullptr;
-    QSpinBox* m_jours = nullptr;
-    QSpinBox* m_heures = nullptr;
-    QDoubleSpinBox* m_brut = nullptr;
-    QDoubleSpinBox* m_net = nullptr;
-    QDoubleSpinBox* m_netAPayer = nullptr;
+    ChampNombre* m_jours = nullptr;
+    ChampNombre* m_heures = nullptr;
+    ChampMontant* m_brut = nullptr;
+    ChampMontant* m_net = nullptr;
+    ChampMontant* m_netAPayer = nullptr;
     QComboBox* m_employeur = nullptr;
     QCheckBox* m_associerFrais = nullptr;
     QComboBox* m_fraisType = nullptr;
-    QDoubleSpinBox* m_fraisMontant = nullptr;
+    ChampMontant* m_fraisMontant = nullptr;
+    MessageSaisie* m_message = nullptr;
     QLineEdit* m_fraisNote = nullptr;
     QPushButton* m_supprimer = nullptr;
 };

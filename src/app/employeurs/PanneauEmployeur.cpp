@@ -3,13 +3,14 @@
 #include "store/Document.h"
 
 #include "app/Environnement.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/MessageSaisie.h"
 #include "records/ContratsModeles.h"
 #include "store/Dialogues.h"
 #include "store/FormatFrancais.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -30,14 +31,12 @@ QColor couleurDepuisTexte(const QString& texte)
     return QColor(parts[0].toInt(), parts[1].toInt(), parts[2].toInt());
 }
 
-QDoubleSpinBox* coordonnee(QWidget* parent, const QString& nom, double limite)
+// Degrees to the micro-degree; empty is 0, no position.
+ChampMontant* coordonnee(QWidget* parent, const QString& nom, double limite)
 {
-    auto* boite = new QDoubleSpinBox(parent);
-    boite->setObjectName(nom);
-    boite->setLocale(localeFrancaise());
-    boite->setRange(-limite, limite);
-    boite->setDecimals(6);
-    return boite;
+    auto* champ = new ChampMontant(parent, Bornes{-limite, limite, 6, false});
+    champ->setObjectName(nom);
+    return champ;
 }
 
 } // namespace
@@ -103,6 +102,10 @@ PanneauEmployeur::PanneauEmployeur(Environnement& environnement, QWidget* parent
     position->addWidget(m_latitude = coordonnee(this, QStringLiteral("champLatitude"), 90.0));
     position->addWidget(m_longitude = coordonnee(this, QStringLiteral("champLongitude"), 180.0));
     forme->addRow(QStringLiteral("Latitude, longitude"), position);
+    auto* message = new MessageSaisie(this);
+    message->surveiller(m_latitude, QStringLiteral("Latitude"));
+    message->surveiller(m_longitude, QStringLiteral("Longitude"));
+    forme->addRow(message);
 
     auto* boutons = new QHBoxLayout;
     auto* enregistrer = new QPushButton(QStringLiteral("Enregistrer"), this);
@@ -191,8 +194,9 @@ Employeur PanneauEmployeur::saisie() const
     e.prospect = m_prospect->isChecked() ? 1 : 0;
     if (m_qualite->currentIndex() >= 0)
         e.qualiteId = m_qualite->currentData().toInt();
-    e.latitude = m_latitude->value();
-    e.longitude = m_longitude->value();
+    // A position that cannot be read is not a number: the save refuses it, never stores 0.
+    e.latitude = m_latitude->nombre().value_or(qQNaN());
+    e.longitude = m_longitude->nombre().value_or(qQNaN());
     e.couleur = m_couleur;
     e.contratModeleId = m_modeleId;
     return e;

@@ -10,13 +10,14 @@
 
 class QCheckBox;
 class QComboBox;
-class QDoubleSpinBox;
 class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
 
 namespace corvane::app {
+
+class ChampMontant;
 
 struct Environnement;
 
@@ -74,8 +75,8 @@ private:
     QCheckBox* m_guso = nullptr;
     QCheckBox* m_prospect = nullptr;
     QComboBox* m_qualite = nullptr;
-    QDoubleSpinBox* m_latitude = nullptr;
-    QDoubleSpinBox* m_longitude = nullptr;
+    ChampMontant* m_latitude = nullptr;
+    ChampMontant* m_longitude = nullptr;
     QPushButton* m_boutonCouleur = nullptr;
     QLabel* m_modele = nullptr;
     QMenu* m_menuModeles = nullptr;

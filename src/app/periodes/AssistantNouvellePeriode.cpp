@@ -3,54 +3,46 @@
 #include "store/Document.h"
 
 #include "app/Environnement.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/ChampDate.h"
+#include "app/kit/MessageSaisie.h"
 #include "store/Dialogues.h"
 #include "store/FormatFrancais.h"
 
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace corvane::app {
 
 namespace {
 
-QDateEdit* date(QWidget* parent, const QString& nom)
+ChampDate* date(QWidget* parent, const QString& nom)
 {
-    auto* edition = new QDateEdit(parent);
-    edition->setObjectName(nom);
-    edition->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    edition->setCalendarPopup(true);
-    edition->setLocale(localeFrancaise());
-    return edition;
+    auto* champ = new ChampDate(parent);
+    champ->setObjectName(nom);
+    return champ;
 }
 
-QSpinBox* jours(QWidget* parent, const QString& nom)
+ChampNombre* jours(QWidget* parent, const QString& nom)
 {
-    auto* boite = new QSpinBox(parent);
-    boite->setObjectName(nom);
-    boite->setRange(0, 255);
-    boite->setSuffix(QStringLiteral(" j"));
-    return boite;
+    auto* champ = new ChampNombre(0, Limites::kJoursPeriodeMaximum, parent);
+    champ->setObjectName(nom);
+    return champ;
 }
 
-QDoubleSpinBox* montant(QWidget* parent, const QString& nom)
+ChampMontant* montant(QWidget* parent, const QString& nom)
 {
-    auto* boite = new QDoubleSpinBox(parent);
-    boite->setObjectName(nom);
-    boite->setLocale(localeFrancaise());
-    boite->setRange(0.0, 100000.0);
-    boite->setDecimals(2);
-    boite->setSuffix(QStringLiteral(" €"));
-    return boite;
+    auto* champ = new ChampMontant(parent);
+    champ->setObjectName(nom);
+    champ->setMaximumWidth(140);
+    return champ;
 }
 
 } // namespace
@@ -91,6 +83,13 @@ AssistantNouvellePeriode::AssistantNouvellePeriode(Environnement& environnement,
     forme->addRow(m_libelleSrj, m_srj);
     forme->addRow(QStringLiteral("Allocation journalière"), m_taux = montant(this, QStringLiteral("champTaux")));
     mise->addLayout(forme);
+    m_message = new MessageSaisie(this);
+    m_message->surveiller(m_conges, QStringLiteral("Congés"));
+    m_message->surveiller(m_franchise, QStringLiteral("Franchise salaires"));
+    m_message->surveiller(m_attente, QStringLiteral("Délai d'attente"));
+    m_message->surveiller(m_srj, QStringLiteral("Salaire de référence journalier"));
+    m_message->surveiller(m_taux, QStringLiteral("Allocation journalière"));
+    mise->addWidget(m_message);
 
     auto* boutons = new QDialogButtonBox(this);
     auto* enregistrer = boutons->addButton(QStringLiteral("Enregistrer"), QDialogButtonBox::AcceptRole);
@@ -111,12 +110,12 @@ AssistantNouvellePeriode::AssistantNouvellePeriode(Environnement& environnement,
     m_srj->setEnabled(false);
     m_taux->setEnabled(false);
 
-    connect(m_debut, &QDateEdit::dateChanged, this, [this](const QDate& jour) {
+    connect(m_debut, &ChampDate::dateChanged, this, [this](const QDate& jour) {
         lireSaisie();
         m_assistant.changeDebut(jour);
         afficher();
     });
-    connect(m_fin, &QDateEdit::dateChanged, this, [this](const QDate& jour) {
+    connect(m_fin, &ChampDate::dateChanged, this, [this](const QDate& jour) {
         lireSaisie();
         m_assistant.changeFin(jour);
         afficher();
@@ -133,11 +132,11 @@ void AssistantNouvellePeriode::afficher()
     m_fin->setMinimumDate(p.debut);
     m_fin->setDate(p.fin);
     m_libelle->setText(p.libelle);
-    m_conges->setValue(p.conges);
-    m_franchise->setValue(p.franchiseSalaires);
-    m_attente->setValue(p.attente);
-    m_srj->setValue(m_assistant.srj());
-    m_taux->setValue(m_assistant.taux());
+    m_conges->actualiser(p.conges);
+    m_franchise->actualiser(p.franchiseSalaires);
+    m_attente->actualiser(p.attente);
+    m_srj->actualiser(m_assistant.srj());
+    m_taux->actualiser(m_assistant.taux());
     m_maj->setChecked(m_assistant.majAutomatique());
 }
 
@@ -145,16 +144,23 @@ void AssistantNouvellePeriode::lireSaisie()
 {
     m_assistant.changeLibelle(m_libelle->text());
     m_assistant.changeNotes(m_notes->toPlainText());
-    m_assistant.changeJours(m_conges->value(), m_franchise->value(), m_attente->value());
-    m_assistant.changeSrj(m_srj->value());
-    m_assistant.changeTaux(m_taux->value());
+    // A figure that cannot be read leaves the assistant's value; the save refuses it first.
+    const Periode& p = m_assistant.periode();
+    m_assistant.changeJours(m_conges->entier().value_or(p.conges), m_franchise->entier().value_or(p.franchiseSalaires),
+                            m_attente->entier().value_or(p.attente));
+    m_assistant.changeSrj(m_srj->nombre().value_or(m_assistant.srj()));
+    m_assistant.changeTaux(m_taux->nombre().value_or(m_assistant.taux()));
     m_assistant.changeMajAutomatique(m_maj->isChecked());
 }
 
 bool AssistantNouvellePeriode::enregistrer()
 {
     lireSaisie();
-    QString refus;
+    QString refus = m_message->refus();
+    if (!refus.isEmpty()) {
+        m_environnement.dialogues.information(NouvellePeriode::titre(), refus, QStringLiteral("Fermer"));
+        return false;
+    }
     const int id = m_assistant.enregistre(&refus);
     if (id == 0) {
         m_environnement.dialogues.information(

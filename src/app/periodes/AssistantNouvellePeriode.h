@@ -5,12 +5,9 @@
 #include <QDialog>
 
 class QCheckBox;
-class QDateEdit;
-class QDoubleSpinBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
-class QSpinBox;
 
 namespace corvane {
 class Document;
@@ -19,6 +16,10 @@ class Document;
 namespace corvane::app {
 
 struct Environnement;
+class ChampDate;
+class ChampMontant;
+class ChampNombre;
+class MessageSaisie;
 
 // The new-period assistant: start today, the end and the label that follow the start,
 // the deferral and waiting days, and the switch that carries the new rights into the
@@ -43,17 +44,18 @@ private:
 
     Environnement& m_environnement;
     NouvellePeriode m_assistant;
-    QDateEdit* m_debut = nullptr;
-    QDateEdit* m_fin = nullptr;
+    ChampDate* m_debut = nullptr;
+    ChampDate* m_fin = nullptr;
     QLineEdit* m_libelle = nullptr;
     QPlainTextEdit* m_notes = nullptr;
-    QSpinBox* m_conges = nullptr;
-    QSpinBox* m_franchise = nullptr;
-    QSpinBox* m_attente = nullptr;
+    ChampNombre* m_conges = nullptr;
+    ChampNombre* m_franchise = nullptr;
+    ChampNombre* m_attente = nullptr;
     QCheckBox* m_maj = nullptr;
     QLabel* m_libelleSrj = nullptr;
-    QDoubleSpinBox* m_srj = nullptr;
-    QDoubleSpinBox* m_taux = nullptr;
+    ChampMontant* m_srj = nullptr;
+    ChampMontant* m_taux = nullptr;
+    MessageSaisie* m_message = nullptr;
 };
 
 } // namespace corvane::app

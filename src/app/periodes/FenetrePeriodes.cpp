@@ -5,6 +5,9 @@
 
 #include "app/Environnement.h"
 #include "app/MemoireColonnes.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/ChampDate.h"
+#include "app/kit/MessageSaisie.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
 #include "app/periodes/ModelePeriodes.h"
 #include "records/NouvellePeriode.h"
@@ -14,14 +17,12 @@
 #include "store/Reglages.h"
 
 #include <QAction>
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -29,23 +30,18 @@ namespace corvane::app {
 
 namespace {
 
-QDateEdit* date(QWidget* parent, const QString& nom)
+ChampDate* date(QWidget* parent, const QString& nom)
 {
-    auto* edition = new QDateEdit(parent);
-    edition->setObjectName(nom);
-    edition->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    edition->setCalendarPopup(true);
-    edition->setLocale(localeFrancaise());
-    return edition;
+    auto* champ = new ChampDate(parent);
+    champ->setObjectName(nom);
+    return champ;
 }
 
-QSpinBox* jours(QWidget* parent, const QString& nom)
+ChampNombre* jours(QWidget* parent, const QString& nom)
 {
-    auto* boite = new QSpinBox(parent);
-    boite->setObjectName(nom);
-    boite->setRange(0, 255);
-    boite->setSuffix(QStringLiteral(" j"));
-    return boite;
+    auto* champ = new ChampNombre(0, Limites::kJoursPeriodeMaximum, parent);
+    champ->setObjectName(nom);
+    return champ;
 }
 
 QPushButton* bouton(QWidget* parent, const QString& texte, const QString& nom)
@@ -105,6 +101,11 @@ FenetrePeriodes::FenetrePeriodes(Environnement& environnement, Document& documen
     m_notes->setFixedHeight(56);
     forme->addRow(QStringLiteral("Notes"), m_notes);
     mise->addLayout(forme);
+    m_message = new MessageSaisie(this);
+    m_message->surveiller(m_conges, QStringLiteral("Congés"));
+    m_message->surveiller(m_franchise, QStringLiteral("Franchise salaires"));
+    m_message->surveiller(m_attente, QStringLiteral("Délai d'attente"));
+    mise->addWidget(m_message);
 
     auto* boutons = new QHBoxLayout;
     auto* nouvelle = bouton(this, QStringLiteral("Nouvelle période…"), QStringLiteral("boutonNouvellePeriode"));
@@ -199,14 +200,22 @@ void FenetrePeriodes::enregistrer()
                                               QStringLiteral("Fermer"));
         return;
     }
+    // A count that cannot be read is never saved, nor saved as 0.
+    QString refus = m_message->refus();
     Periode p = *m_periodes->periode(id);
     p.libelle = m_libelle->text();
     p.debut = m_debut->date();
     p.fin = m_fin->date();
     p.notes = m_notes->toPlainText();
-    p.conges = m_conges->value();
-    p.franchiseSalaires = m_franchise->value();
-    p.attente = m_attente->value();
+    p.conges = m_conges->entier().value_or(p.conges);
+    p.franchiseSalaires = m_franchise->entier().value_or(p.franchiseSalaires);
+    p.attente = m_attente->entier().value_or(p.attente);
+    if (refus.isEmpty())
+        refus = Periodes::refusValeurs(p);
+    if (!refus.isEmpty()) {
+        m_environnement.dialogues.information(NouvellePeriode::titre(), refus, QStringLiteral("Fermer"));
+        return;
+    }
     m_periodes->modifiePeriode(p);
     recharger(id);
     emit periodesModifiees();

@@ -3,11 +3,9 @@
 #include <QDialog>
 #include <memory>
 
-class QDateEdit;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
-class QSpinBox;
 class QTableView;
 
 namespace corvane {
@@ -19,6 +17,10 @@ class Document;
 }
 
 namespace corvane::app {
+
+class ChampDate;
+class ChampNombre;
+class MessageSaisie;
 
 struct Environnement;
 class ModelePeriodes;
@@ -57,12 +59,13 @@ private:
     ModelePeriodes* m_modele = nullptr;
     QTableView* m_liste = nullptr;
     QLineEdit* m_libelle = nullptr;
-    QDateEdit* m_debut = nullptr;
-    QDateEdit* m_fin = nullptr;
+    ChampDate* m_debut = nullptr;
+    ChampDate* m_fin = nullptr;
     QPlainTextEdit* m_notes = nullptr;
-    QSpinBox* m_conges = nullptr;
-    QSpinBox* m_franchise = nullptr;
-    QSpinBox* m_attente = nullptr;
+    ChampNombre* m_conges = nullptr;
+    ChampNombre* m_franchise = nullptr;
+    ChampNombre* m_attente = nullptr;
+    MessageSaisie* m_message = nullptr;
     QPushButton* m_enregistrer = nullptr;
     QPushButton* m_supprimer = nullptr;
     QPushButton* m_activer = nullptr;

@@ -1,21 +1,22 @@
 // The pages of the profile window.
 
 #include "app/Environnement.h"
+#include "app/kit/ChampChiffre.h"
+#include "app/kit/ChampDate.h"
+#include "app/kit/MessageSaisie.h"
 #include "app/profil/FenetreProfil.h"
 #include "store/FormatFrancais.h"
+#include "store/Horloge.h"
 #include "store/Reglages.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QSpinBox>
 
 namespace corvane::app {
 
@@ -47,13 +48,12 @@ QWidget* FenetreProfil::pageEtatCivil()
     champTexte(forme, QStringLiteral("Pseudonyme"), QStringLiteral("champPseudonyme"), &Profil::saveNickname,
                &DonneesProfil::pseudonyme);
 
-    m_naissance = new QDateEdit(champs);
+    auto* naissance = new ChampDate(champs);
+    m_naissance = naissance;
     m_naissance->setObjectName(QStringLiteral("champNaissance"));
-    m_naissance->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    m_naissance->setCalendarPopup(true);
-    m_naissance->setLocale(localeFrancaise());
     const int ageMaxi = m_environnement.reglages.entier(Reglages::Cle::ProfilLimiteAge);
-    m_naissance->setMinimumDate(Profil::aujourdhuiMoinsAgeMaxi(ageMaxi));
+    naissance->setBornes(qMax(Limites::premiereNaissance(), Profil::aujourdhuiMoinsAgeMaxi(ageMaxi)),
+                         Horloge::aujourdhui());
     forme->addRow(QStringLiteral("Date de naissance"), m_naissance);
     auto enregistrerNaissance = [this] {
         if (m_naissance->date() == m_profil->donnees().naissance)
@@ -78,13 +78,14 @@ QWidget* FenetreProfil::pageEtatCivil()
     champTexte(forme, QStringLiteral("Nationalité"), QStringLiteral("champNationalite"), &Profil::saveNationality,
                &DonneesProfil::nationalite);
 
-    auto* enfants = new QSpinBox(champs);
+    auto* enfants = new ChampNombre(0, Profil::kEnfantsMaximum, champs);
     enfants->setObjectName(QStringLiteral("champEnfants"));
-    enfants->setRange(0, 30);
     forme->addRow(QStringLiteral("Enfants à charge"), enfants);
-    connect(enfants, &QSpinBox::editingFinished, this, [this, enfants] {
-        if (enfants->value() != m_profil->donnees().nombreEnfants && m_profil->saveChildren(enfants->value())) {
-            m_profil->donnees().nombreEnfants = enfants->value();
+    // A count that cannot be read is not saved: the field stays as typed, in red, with the reason.
+    connect(enfants, &QLineEdit::editingFinished, this, [this, enfants] {
+        const std::optional<int> nombre = enfants->entier();
+        if (nombre && *nombre != m_profil->donnees().nombreEnfants && m_profil->saveChildren(*nombre)) {
+            m_profil->donnees().nombreEnfants = *nombre;
             apresEnregistrement();
         }
     });
@@ -92,6 +93,9 @@ QWidget* FenetreProfil::pageEtatCivil()
         const QSignalBlocker blocage(enfants);
         enfants->setValue(m_profil->donnees().nombreEnfants);
     };
+    auto* message = new MessageSaisie(champs);
+    message->surveiller(enfants, QStringLiteral("Enfants à charge"));
+    forme->addRow(message);
 
     mise->addWidget(champs, 1);
     mise->addWidget(cadrePhoto());
@@ -204,16 +208,14 @@ QWidget* FenetreProfil::pageAutres()
                 {"7 CV et plus", 7}},
                &Profil::saveVehiclePower, &DonneesProfil::vehiculePuissance);
 
-    auto* pas = new QDoubleSpinBox(page);
+    auto* pas = new ChampMontant(page, Limites::kPourcentage);
     pas->setObjectName(QStringLiteral("champPas"));
-    pas->setLocale(localeFrancaise());
-    pas->setRange(0.0, 100.0);
-    pas->setDecimals(2);
-    pas->setSuffix(QStringLiteral(" %"));
-    forme->addRow(QStringLiteral("Taux de prélèvement à la source"), pas);
-    connect(pas, &QDoubleSpinBox::editingFinished, this, [this, pas] {
-        if (!qFuzzyCompare(pas->value() + 1.0, m_profil->donnees().pas + 1.0) && m_profil->savePas(pas->value())) {
-            m_profil->donnees().pas = pas->value();
+    pas->setMaximumWidth(140);
+    forme->addRow(QStringLiteral("Taux de prélèvement à la source (%)"), pas);
+    connect(pas, &QLineEdit::editingFinished, this, [this, pas] {
+        const std::optional<double> taux = pas->nombre();
+        if (taux && *taux != m_profil->donnees().pas && m_profil->savePas(*taux)) {
+            m_profil->donnees().pas = *taux;
             apresEnregistrement();
         }
     });
@@ -221,6 +223,9 @@ QWidget* FenetreProfil::pageAutres()
         const QSignalBlocker blocage(pas);
         pas->setValue(m_profil->donnees().pas);
     };
+    auto* message = new MessageSaisie(page);
+    message->surveiller(pas, QStringLiteral("Taux de prélèvement à la source"));
+    forme->addRow(message);
 
     auto* titre = new QLabel(QStringLiteral("<b>Auto-entreprise</b>"), page);
     forme->addRow(titre);
