@@ -186,7 +186,11 @@ void FormulaireContrat::majBrutAbattu()
     const bool autoEntrepreneur = m_saisie.emploiId == SaisieContrat::kEmploiAutoEntrepreneur;
     m_abattement->setEnabled(!autoEntrepreneur);
     const double montant = autoEntrepreneur ? m_saisie.brutAbattuAE : m_saisie.brutApresAbattement();
-    m_brutAbattu->setText(QLocale(QLocale::French, QLocale::France).toCurrencyString(montant, QStringLiteral("€"), 2));
+    // Nothing is worked out from a gross that cannot be read.
+    m_brutAbattu->setText(
+        m_brut->estValide()
+            ? QLocale(QLocale::French, QLocale::France).toCurrencyString(montant, QStringLiteral("€"), 2)
+            : QStringLiteral("—"));
 }
 
 void FormulaireContrat::lireChamps()

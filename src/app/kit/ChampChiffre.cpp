@@ -46,7 +46,7 @@ void ChampChiffre::afficher(double valeur)
 
 void ChampChiffre::actualiser(double valeur)
 {
-    if (!estValide() && m_affiche && *m_affiche == valeur)
+    if (!estValide() && (m_affiche == valeur || m_dernierLu == valeur))
         return;
     afficher(valeur);
 }
@@ -60,7 +60,10 @@ Lecture<double> ChampChiffre::lecture() const
 
 void ChampChiffre::lire()
 {
-    const bool valide = estValide();
+    const std::optional<double> lu = nombre();
+    const bool valide = lu.has_value();
+    if (valide)
+        m_dernierLu = lu;
     majApparence();
     if (valide != m_valide) {
         m_valide = valide;
