@@ -206,6 +206,11 @@ bool Profil::saveDob(const QDate& naissance)
 bool Profil::enregistrement()
 {
     const DonneesProfil& d = m_donnees;
+    // The amounts are formatted into the statement: one out of bounds (infinity) is never written.
+    if (!SaisieFrancaise::refusNombre(d.srjValide, Limites::kMontant).isEmpty() ||
+        !SaisieFrancaise::refusNombre(d.tauxValide, Limites::kMontant).isEmpty() ||
+        !SaisieFrancaise::refusEntier(d.nombreEnfants, 0, kEnfantsMaximum).isEmpty())
+        return false;
     const QString sql =
         QStringLiteral(
             "UPDATE utilisateur SET u_nom=?, u_prenom=?, u_pseudonyme=?, u_telephone=?, u_nir=?, u_naissance='%1', "

@@ -4,6 +4,7 @@
 #include "store/Dates.h"
 #include "store/ErreursSQLite.h"
 #include "store/Horloge.h"
+#include "store/SaisieFrancaise.h"
 #include "store/Schema.h"
 
 #include <QDir>
@@ -98,6 +99,14 @@ bool Fichiers::nouveauV4()
     }
     if (!p.dateOuvertureDesDroits.isValid()) {
         echouer(QStringLiteral("La date d'ouverture des droits n'est pas valide."));
+        return false;
+    }
+    if (const QString refus = SaisieFrancaise::refusDate(p.dateOuvertureDesDroits); !refus.isEmpty()) {
+        echouer(QStringLiteral("Date d'ouverture des droits : %1.").arg(refus));
+        return false;
+    }
+    if (const QString refus = SaisieFrancaise::refusNombre(p.taux, Limites::kMontant); !refus.isEmpty()) {
+        echouer(QStringLiteral("Taux journalier validé : %1.").arg(refus));
         return false;
     }
 

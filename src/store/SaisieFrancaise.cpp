@@ -1,5 +1,7 @@
 #include "store/SaisieFrancaise.h"
 
+#include "store/FormatFrancais.h"
+
 #include <QLocale>
 #include <QStringDecoder>
 #include <QStringList>
@@ -66,7 +68,7 @@ namespace SaisieFrancaise {
 
 QString texteNombre(double valeur, const Bornes& bornes)
 {
-    QLocale francais(QLocale::French, QLocale::France);
+    const QLocale& francais = localeFrancaise();
     // The messages read in a terminal too: ordinary blanks between thousands.
     QString texte = francais.toString(valeur, 'f', bornes.euros ? 2 : bornes.decimales);
     if (!bornes.euros && bornes.decimales > 0 && valeur == std::trunc(valeur))

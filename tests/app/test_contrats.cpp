@@ -203,6 +203,10 @@ private slots:
         b->section->nouveauContrat();
         b->choisir("choixEmployeur", "Opéra");
         b->saisir("champBrut", texte);
+        // Another choice refreshes the form: what was typed stays, even when it cannot be read.
+        b->choisir("choixEmploi", "Technicien");
+        if (stocke.isEmpty())
+            QCOMPARE(b->widget<ChampMontant>("champBrut")->text(), texte);
         b->enregistrer();
         if (stocke.isEmpty()) {
             QVERIFY(b->enEdition());

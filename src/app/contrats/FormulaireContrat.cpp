@@ -219,8 +219,10 @@ void FormulaireContrat::connecter()
     });
     connect(m_brut, &QLineEdit::textEdited, this, [this] {
         // The derivations follow an amount that reads; one that does not leaves them as they were.
-        if (!m_brut->estValide())
+        if (!m_brut->estValide()) {
+            majBrutAbattu();
             return;
+        }
         lireChamps();
         m_saisie.choisirBrut(m_saisie.brut);
         majBrutAbattu();

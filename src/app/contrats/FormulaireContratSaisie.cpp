@@ -185,7 +185,8 @@ void FormulaireContrat::majBrutAbattu()
     const bool autoEntrepreneur = m_saisie.emploiId == SaisieContrat::kEmploiAutoEntrepreneur;
     m_abattement->setEnabled(!autoEntrepreneur);
     const double montant = autoEntrepreneur ? m_saisie.brutAbattuAE : m_saisie.brutApresAbattement();
-    m_brutAbattu->setText(enEuros(montant));
+    // Nothing is worked out from a gross that cannot be read.
+    m_brutAbattu->setText(m_brut->estValide() ? enEuros(montant) : QStringLiteral("—"));
 }
 
 void FormulaireContrat::lireChamps()

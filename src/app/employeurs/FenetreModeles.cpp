@@ -29,12 +29,6 @@ namespace {
 
 const QString kTitre = QStringLiteral("Modèles de contrat");
 
-const QLocale& francais()
-{
-    static const QLocale locale(QLocale::French, QLocale::France);
-    return locale;
-}
-
 ChampMontant* montant(QWidget* parent, const QString& nom)
 {
     auto* champ = new ChampMontant(parent);

@@ -1,5 +1,7 @@
 #include "app/kit/ChampChiffre.h"
 
+#include "store/FormatFrancais.h"
+
 #include <QKeyEvent>
 #include <QLocale>
 
@@ -37,8 +39,7 @@ void ChampChiffre::afficher(double valeur)
     if (m_videVautZero && valeur == 0.0) {
         setText(QString());
     } else {
-        QLocale francais(QLocale::French, QLocale::France);
-        setText(francais.toString(valeur, 'f', m_bornes.decimales));
+        setText(localeFrancaise().toString(valeur, 'f', m_bornes.decimales));
     }
     // Forms refresh their fields with signals blocked: the look follows all the same.
     lire();
@@ -46,7 +47,7 @@ void ChampChiffre::afficher(double valeur)
 
 void ChampChiffre::actualiser(double valeur)
 {
-    if (!estValide() && m_affiche && *m_affiche == valeur)
+    if (!estValide() && (m_affiche == valeur || m_dernierLu == valeur))
         return;
     afficher(valeur);
 }
@@ -60,7 +61,10 @@ Lecture<double> ChampChiffre::lecture() const
 
 void ChampChiffre::lire()
 {
-    const bool valide = estValide();
+    const std::optional<double> lu = nombre();
+    const bool valide = lu.has_value();
+    if (valide)
+        m_dernierLu = lu;
     majApparence();
     if (valide != m_valide) {
         m_valide = valide;

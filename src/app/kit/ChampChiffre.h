@@ -38,7 +38,8 @@ public:
     // Shows a figure in the French format.
     void afficher(double valeur);
     // Shows a figure, unless the field holds text that cannot be read and the figure is the
-    // one it showed last: refreshing a form never hides a mistake the user has not seen fixed.
+    // one it showed or read last: refreshing a form never hides a mistake the user has not
+    // fixed (a form reads the valid beginnings of what is being typed, "1.97" of "1.977,00").
     void actualiser(double valeur);
 
 signals:
@@ -59,6 +60,7 @@ private:
     bool m_videVautZero = false;
     bool m_valide = true;
     std::optional<double> m_affiche;
+    std::optional<double> m_dernierLu;
     QString m_couleur;
     QString m_bulle;
 };

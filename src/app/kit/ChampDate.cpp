@@ -2,6 +2,8 @@
 
 #include "store/SaisieFrancaise.h"
 
+#include "store/FormatFrancais.h"
+
 #include <QCalendarWidget>
 #include <QLocale>
 
@@ -9,12 +11,11 @@ namespace corvane::app {
 
 ChampDate::ChampDate(QWidget* parent) : QDateEdit(parent)
 {
-    const QLocale francais(QLocale::French, QLocale::France);
-    setLocale(francais);
+    setLocale(localeFrancaise());
     setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     setCalendarPopup(true);
     setDateRange(Limites::premierJour(), Limites::dernierJour());
-    calendarWidget()->setLocale(francais);
+    calendarWidget()->setLocale(localeFrancaise());
     calendarWidget()->setFirstDayOfWeek(Qt::Monday);
     setMaximumWidth(160);
 }
