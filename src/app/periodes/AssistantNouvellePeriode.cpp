@@ -6,6 +6,7 @@
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/ChampDate.h"
 #include "app/kit/MessageSaisie.h"
+#include "app/periodes/ChampsPeriode.h"
 #include "store/Dialogues.h"
 #include "store/FormatFrancais.h"
 
@@ -22,20 +23,6 @@
 namespace corvane::app {
 
 namespace {
-
-ChampDate* date(QWidget* parent, const QString& nom)
-{
-    auto* champ = new ChampDate(parent);
-    champ->setObjectName(nom);
-    return champ;
-}
-
-ChampNombre* jours(QWidget* parent, const QString& nom)
-{
-    auto* champ = new ChampNombre(0, Limites::kJoursPeriodeMaximum, parent);
-    champ->setObjectName(nom);
-    return champ;
-}
 
 ChampMontant* montant(QWidget* parent, const QString& nom)
 {
@@ -62,8 +49,8 @@ AssistantNouvellePeriode::AssistantNouvellePeriode(Environnement& environnement,
     auto* forme = new QFormLayout;
     forme->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     forme->setLabelAlignment(Qt::AlignRight);
-    forme->addRow(QStringLiteral("Début"), m_debut = date(this, QStringLiteral("champDebut")));
-    forme->addRow(QStringLiteral("Fin"), m_fin = date(this, QStringLiteral("champFin")));
+    forme->addRow(QStringLiteral("Début"), m_debut = champDatePeriode(this, QStringLiteral("champDebut")));
+    forme->addRow(QStringLiteral("Fin"), m_fin = champDatePeriode(this, QStringLiteral("champFin")));
     m_libelle = new QLineEdit(this);
     m_libelle->setObjectName(QStringLiteral("champLibelle"));
     forme->addRow(QStringLiteral("Libellé"), m_libelle);
@@ -72,9 +59,11 @@ AssistantNouvellePeriode::AssistantNouvellePeriode(Environnement& environnement,
     m_notes->setTabChangesFocus(true);
     m_notes->setFixedHeight(60);
     forme->addRow(QStringLiteral("Notes"), m_notes);
-    forme->addRow(QStringLiteral("Congés"), m_conges = jours(this, QStringLiteral("champConges")));
-    forme->addRow(QStringLiteral("Franchise salaires"), m_franchise = jours(this, QStringLiteral("champFranchise")));
-    forme->addRow(QStringLiteral("Délai d'attente"), m_attente = jours(this, QStringLiteral("champAttente")));
+    forme->addRow(QStringLiteral("Congés"), m_conges = champJoursPeriode(this, QStringLiteral("champConges")));
+    forme->addRow(QStringLiteral("Franchise salaires"),
+                  m_franchise = champJoursPeriode(this, QStringLiteral("champFranchise")));
+    forme->addRow(QStringLiteral("Délai d'attente"),
+                  m_attente = champJoursPeriode(this, QStringLiteral("champAttente")));
     m_maj = new QCheckBox(QStringLiteral("Mettre à jour mon profil avec cette ouverture de droits"), this);
     m_maj->setObjectName(QStringLiteral("champMajProfil"));
     forme->addRow(QString(), m_maj);

@@ -9,6 +9,7 @@
 #include "app/kit/ChampDate.h"
 #include "app/kit/MessageSaisie.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
+#include "app/periodes/ChampsPeriode.h"
 #include "app/periodes/ModelePeriodes.h"
 #include "records/NouvellePeriode.h"
 #include "records/Periodes.h"
@@ -29,20 +30,6 @@
 namespace corvane::app {
 
 namespace {
-
-ChampDate* date(QWidget* parent, const QString& nom)
-{
-    auto* champ = new ChampDate(parent);
-    champ->setObjectName(nom);
-    return champ;
-}
-
-ChampNombre* jours(QWidget* parent, const QString& nom)
-{
-    auto* champ = new ChampNombre(0, Limites::kJoursPeriodeMaximum, parent);
-    champ->setObjectName(nom);
-    return champ;
-}
 
 QPushButton* bouton(QWidget* parent, const QString& texte, const QString& nom)
 {
@@ -85,14 +72,14 @@ FenetrePeriodes::FenetrePeriodes(Environnement& environnement, Document& documen
     m_libelle->setObjectName(QStringLiteral("champLibelle"));
     forme->addRow(QStringLiteral("Libellé"), m_libelle);
     auto* dates = new QHBoxLayout;
-    dates->addWidget(m_debut = date(this, QStringLiteral("champDebut")));
-    dates->addWidget(m_fin = date(this, QStringLiteral("champFin")));
+    dates->addWidget(m_debut = champDatePeriode(this, QStringLiteral("champDebut")));
+    dates->addWidget(m_fin = champDatePeriode(this, QStringLiteral("champFin")));
     dates->addStretch(1);
     forme->addRow(QStringLiteral("Du, au"), dates);
     auto* compteurs = new QHBoxLayout;
-    compteurs->addWidget(m_conges = jours(this, QStringLiteral("champConges")));
-    compteurs->addWidget(m_franchise = jours(this, QStringLiteral("champFranchise")));
-    compteurs->addWidget(m_attente = jours(this, QStringLiteral("champAttente")));
+    compteurs->addWidget(m_conges = champJoursPeriode(this, QStringLiteral("champConges")));
+    compteurs->addWidget(m_franchise = champJoursPeriode(this, QStringLiteral("champFranchise")));
+    compteurs->addWidget(m_attente = champJoursPeriode(this, QStringLiteral("champAttente")));
     compteurs->addStretch(1);
     forme->addRow(QStringLiteral("Congés, franchise salaires, délai d'attente"), compteurs);
     m_notes = new QPlainTextEdit(this);
