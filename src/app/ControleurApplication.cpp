@@ -400,7 +400,7 @@ void ControleurApplication::applicationShouldTerminate()
         if (Sauvegardes::sauvegardePrevueAujourdhui(m_document, m_reglages))
             question = kSauvegardePlanifiee;
     } else {
-        question = QStringLiteral("Bien qu'Corvane enregistre vos informations automatiquement, il est conseillé "
+        question = QStringLiteral("Bien que Corvane enregistre vos informations automatiquement, il est conseillé "
                                   "d'effectuer régulièrement une copie de sauvegarde de votre fichier de travail.\n\n"
                                   "Souhaitez-vous l'effectuer maintenant ?");
     }

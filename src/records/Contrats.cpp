@@ -270,7 +270,10 @@ QList<int> Contrats::fraisLiesAuContrat(int contratId)
 
 Lignes Contrats::tousLesFrais()
 {
-    return m_db.lignes("SELECT f_id, f_date, f_details, f_montant, f_contrat_lie FROM frais ORDER BY f_date DESC, "
+    // The linked contract is named by its start and its employer: its record number means nothing to the user.
+    return m_db.lignes("SELECT f_id, f_date, f_details, f_montant, f_contrat_lie, c_debut_contrat AS lie_debut, "
+                       "e_raison_sociale AS lie_employeur FROM frais LEFT JOIN contrats ON f_contrat_lie != '' AND "
+                       "c_id = f_contrat_lie LEFT JOIN employeurs ON e_id = c_employeur_id ORDER BY f_date DESC, "
                        "f_id DESC;");
 }
 

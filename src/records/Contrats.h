@@ -107,11 +107,15 @@ public:
     // The pieces of a listing, on their own.
     QString construitClauseWhere(const FiltreContrats& filtre);
     static QString ordreDeTri(const QString& sens, const QString& sensPrefere);
+    // The start-date bounds a period filter really applies ("periode_reference", "annee", "periode"),
+    // both included; invalid dates for "tous".
+    std::pair<QDate, QDate> bornesDuFiltre(const FiltreContrats& filtre);
 
     // Linked expenses: the link table is rewritten and each expense points back.
     void enregistreFraisLies(int contratId, const QList<int>& frais);
     QList<int> fraisLiesAuContrat(int contratId);
-    // Every expense, newest first, for the picker: f_id, f_date, f_details, f_montant, f_contrat_lie.
+    // Every expense, newest first, for the picker: f_id, f_date, f_details, f_montant, f_contrat_lie,
+    // and the linked contract's start and employer (lie_debut, lie_employeur).
     Lignes tousLesFrais();
 
     // The "periode" filter's two dates, kept in rows 1 and 2 of datesPeriodesPreferees.

@@ -46,6 +46,22 @@ QString Contrats::ordreDeTri(const QString& sens, const QString& sensPrefere)
     return QStringLiteral(" ORDER BY c_debut_contrat DESC");
 }
 
+std::pair<QDate, QDate> Contrats::bornesDuFiltre(const FiltreContrats& filtre)
+{
+    if (filtre.periode == QStringLiteral("periode_reference"))
+        return {retrouveDateOuvertureDroits().date(), retrouveDateFinDePeriodeEnCours()};
+    if (filtre.periode == QStringLiteral("annee")) {
+        // The same expressions as the listing's: SQLite's clock, and the next 1 January included.
+        const Lignes l = m_db.lignes(
+            "SELECT date('now', 'start of year') AS du, date('now', 'start of year', '+1 year') AS au;");
+        return {Dates::depuisSQLite(l.value(0).value("du").toString()),
+                Dates::depuisSQLite(l.value(0).value("au").toString())};
+    }
+    if (filtre.periode == QStringLiteral("periode"))
+        return {filtre.du, filtre.au};
+    return {};
+}
+
 QString Contrats::construitClauseWhere(const FiltreContrats& filtre)
 {
     static const QStringList enTete{QStringLiteral("((c_effectue=0) OR (c_effectue=1))"),

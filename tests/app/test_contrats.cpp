@@ -355,6 +355,8 @@ private slots:
         QTest::mouseClick(b->widget<QPushButton>("boutonModifierContrat"), Qt::LeftButton);
         QVERIFY(b->enEdition());
         QCOMPARE(b->formulaire()->mode(), QStringLiteral("modif"));
+        QCOMPARE(b->widget<QLabel>("titreFormulaireContrat")->text(),
+                 QStringLiteral("Modification du contrat du 10/03/2024 chez Opéra"));
         QCOMPARE(b->widget<ChampNombre>("champHeures")->value(), 36);
         b->saisir("champLieu", "Bercy");
         auto* listeFrais = b->widget<QListWidget>("listeFraisLies");
@@ -367,6 +369,10 @@ private slots:
                  QStringLiteral("Bercy|%1").arg(frais));
         QCOMPARE(valeur(b->chemin, "SELECT contrat_id FROM contrats_frais;"), QStringLiteral("1"));
         QCOMPARE(b->table()->ligne(0).value("Id Frais Lie").toString(), QString::number(frais));
+
+        // Another contract's form names the linked one by its date and employer.
+        b->section->nouveauContrat();
+        QVERIFY(listeFrais->item(0)->text().endsWith(QStringLiteral("(lié au contrat du 10/03/2024 chez Opéra)")));
     }
 
     void listeFiltresTriEtCases()
@@ -411,6 +417,24 @@ private slots:
         autre->section->setDocument(documentOuvert(b->chemin, autre->section.get()));
         QCOMPARE(autre->widget<QDateEdit>("filtreDu")->date(), QDate(2024, 3, 1));
         QCOMPARE(autre->widget<QDateEdit>("filtreAu")->date(), QDate(2024, 6, 30));
+
+        // Greyed, the fields show the dates the listing applies, not the remembered ones.
+        const auto periodeEnCours = [&](const char* colonne) {
+            return QDate::fromString(valeur(b->chemin, QStringLiteral("SELECT substr(%1, 1, 10) FROM periodes JOIN "
+                                                                      "utilisateur ON u_periode_en_cours = p_id;")
+                                                           .arg(QLatin1String(colonne))),
+                                     Qt::ISODate);
+        };
+        b->choisir("filtrePeriode", "Période de référence");
+        QVERIFY(!b->widget<QDateEdit>("filtreDu")->isEnabled());
+        QCOMPARE(b->widget<QDateEdit>("filtreDu")->date(), periodeEnCours("p_date_debut"));
+        QCOMPARE(b->widget<QDateEdit>("filtreAu")->date(), periodeEnCours("p_date_fin"));
+        b->choisir("filtrePeriode", "Année en cours");
+        const int annee = Horloge::aujourdhui().year();
+        QCOMPARE(b->widget<QDateEdit>("filtreDu")->date(), QDate(annee, 1, 1));
+        QCOMPARE(b->widget<QDateEdit>("filtreAu")->date(), QDate(annee + 1, 1, 1));
+        b->choisir("filtrePeriode", "Période choisie");
+        QCOMPARE(b->widget<QDateEdit>("filtreDu")->date(), QDate(2024, 3, 1));
         b->choisir("filtrePeriode", "Tous les contrats");
 
         // A flag ticked in a row is written at once.

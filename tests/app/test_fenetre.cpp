@@ -419,7 +419,7 @@ private slots:
         QTest::addColumn<QDate>("derniere");
         QTest::addColumn<QString>("debutQuestion");
         QTest::newRow("no document: nothing asked") << false << QDate() << "";
-        QTest::newRow("never backed up: the advice") << true << QDate() << "Bien qu'Corvane enregistre";
+        QTest::newRow("never backed up: the advice") << true << QDate() << "Bien que Corvane enregistre";
         QTest::newRow("planned for today") << true << QDate(2024, 2, 11) << "Vous avez planifié une sauvegarde";
         QTest::newRow("not due: nothing asked") << true << QDate(2024, 3, 1) << "";
     }

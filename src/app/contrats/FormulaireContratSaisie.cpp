@@ -31,6 +31,19 @@ namespace corvane::app {
 
 namespace {
 
+// A contract as the user knows it: "du 12/03/2025 chez Théâtre du Rond-Point".
+QString designationContrat(const QDate& debut, const QString& employeur)
+{
+    QString texte = QStringLiteral("du %1").arg(Dates::versAffichage(debut));
+    if (!employeur.isEmpty())
+        texte += QStringLiteral(" chez %1").arg(employeur);
+    return texte;
+}
+
+} // namespace
+
+namespace {
+
 // A figure that reads goes into the contract; one that does not leaves it as it was (the
 // save is then refused with the reason).
 void lire(const ChampChiffre* champ, double& valeur)
@@ -82,7 +95,8 @@ void FormulaireContrat::remplirListes()
                 .arg(Dates::versAffichage(Dates::depuisSQLite(l.value("f_date").toString())),
                      l.value("f_details").toString().simplified(), enEuros(l.value("f_montant").toDouble()));
         if (!lie.isEmpty() && lie.toInt() != m_id)
-            texte += QStringLiteral(" (lié au contrat n° %1)").arg(lie);
+            texte += QStringLiteral(" (lié au contrat %1)").arg(designationContrat(
+                Dates::depuisSQLite(l.value("lie_debut").toString()), l.value("lie_employeur").toString()));
         auto* element = new QListWidgetItem(texte, m_frais);
         element->setData(Qt::UserRole, l.value("f_id").toInt());
         element->setFlags(element->flags() | Qt::ItemIsUserCheckable);
@@ -124,8 +138,10 @@ bool FormulaireContrat::modifier(int id)
     m_mode = QStringLiteral("modif");
     m_id = id;
     m_saisie = saisie;
-    m_titre->setText(QStringLiteral("Modification du contrat n° %1").arg(id));
     remplirListes();
+    m_titre->setText(QStringLiteral("Modification du contrat %1")
+                         .arg(designationContrat(saisie.debut,
+                                                 m_employeur->itemText(m_employeur->findData(saisie.employeurId)))));
     afficher();
     m_employeur->setFocus();
     return true;

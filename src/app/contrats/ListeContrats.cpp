@@ -217,14 +217,6 @@ void ListeContrats::setDocument(Document* document)
 void ListeContrats::actualiser()
 {
     remplirListes();
-    if (m_contrats) {
-        // Showing the remembered dates is not a change of them.
-        const QSignalBlocker bloqueDu(m_du), bloqueAu(m_au);
-        const QDate du = m_contrats->datePeriodeDebut();
-        const QDate au = m_contrats->datePeriodeFin();
-        m_du->setDate(du.isValid() ? du : Horloge::aujourdhui());
-        m_au->setDate(au.isValid() ? au : Horloge::aujourdhui());
-    }
     recharger();
 }
 
@@ -242,7 +234,6 @@ void ListeContrats::remplirListes()
     m_types.clear();
     QStringList types, employeurs, emplois;
     if (m_contrats) {
-        BaseDeDonnees& db = m_contrats->db();
         types = m_contrats->tousLesTypesDeContrats() + m_contrats->typesAutoEntrepreneur(true);
         m_types = m_contrats->libellesDesTypesDeContrat();
         employeurs = m_contrats->rempliPopup(QStringLiteral("employeurs"));
@@ -282,6 +273,16 @@ void ListeContrats::recharger()
         m_modele->setTable({}, {});
         m_totaux->clear();
         return;
+    }
+    {
+        // The fields show the dates the listing applies; greyed unless they are the chosen period,
+        // which stays remembered. Showing them is not a change of them.
+        auto [du, au] = m_contrats->bornesDuFiltre(filtre());
+        if (periode || !du.isValid())
+            std::tie(du, au) = std::pair{m_contrats->datePeriodeDebut(), m_contrats->datePeriodeFin()};
+        const QSignalBlocker bloqueDu(m_du), bloqueAu(m_au);
+        m_du->setDate(du.isValid() ? du : Horloge::aujourdhui());
+        m_au->setDate(au.isValid() ? au : Horloge::aujourdhui());
     }
     const QList<int> selection = idsSelectionnes();
     m_modele->setTable(m_contrats->listeLesContrats(filtre()), m_types);
