@@ -1,6 +1,8 @@
 #include "records/Employeurs.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include <sqlite3.h>
 
@@ -323,6 +325,31 @@ Ligne Employeurs::cumulsPourEmployeur(int id)
             {"Journées", ligne ? r.entier(1) : 0},
             {"Salaires bruts", ligne ? r.reel(2) : 0.0},
             {"Salaires nets", ligne ? r.reel(3) : 0.0}};
+}
+
+GraphiqueEmployeurs GraphiqueEmployeurs::principaux(int nombre) const
+{
+    QList<int> ordre(bruts.size());
+    std::iota(ordre.begin(), ordre.end(), 0);
+    std::stable_sort(ordre.begin(), ordre.end(), [this](int a, int b) {
+        return bruts.at(a).value("Amount").toDouble() > bruts.at(b).value("Amount").toDouble();
+    });
+    GraphiqueEmployeurs choisis;
+    const QList<std::pair<const Lignes*, Lignes*>> series{
+        {&bruts, &choisis.bruts}, {&nets, &choisis.nets}, {&netsAPayer, &choisis.netsAPayer}};
+    for (const auto& [source, cible] : series) {
+        double autres = 0.0;
+        for (int rang = 0; rang < ordre.size(); ++rang) {
+            const Ligne& l = source->at(ordre.at(rang));
+            if (rang < nombre || ordre.size() == nombre + 1)
+                *cible << l;
+            else
+                autres += l.value("Amount").toDouble();
+        }
+        if (ordre.size() > nombre + 1)
+            *cible << Ligne{{"Label", QStringLiteral("Autres")}, {"Amount", autres}};
+    }
+    return choisis;
 }
 
 GraphiqueEmployeurs Employeurs::graphiqueDesSalaires()

@@ -31,6 +31,10 @@ struct GraphiqueEmployeurs
     Lignes bruts;
     Lignes nets;
     Lignes netsAPayer;
+
+    // The employers of the largest gross sums, largest first, and the others summed as "Autres";
+    // a chart of a hundred employers cannot be read.
+    GraphiqueEmployeurs principaux(int nombre) const;
 };
 
 // The employers (table `employeurs`), the counterparties of contracts.

@@ -14,6 +14,7 @@
 #include "store/Reglages.h"
 
 #include <QApplication>
+#include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
 #include <QChartView>
@@ -268,6 +269,24 @@ private slots:
         QCOMPARE(barres->count(), 3);
         QCOMPARE(barres->barSets().at(2)->label(), QStringLiteral("Net à payer"));
         QCOMPARE(barres->barSets().at(0)->at(0), 1334.5);
+
+        // Past ten employers, the largest ten are shown, largest first, and the rest summed as "Autres".
+        for (int n = 1; n <= 11; ++n)
+            executer(m_chemin, QStringLiteral("INSERT INTO employeurs (e_raison_sociale) VALUES ('Salle %1');"
+                                              "INSERT INTO contrats (c_employeur_id, c_salaire_brut, c_salaire_net, "
+                                              "c_salaire_net_a_payer) VALUES (last_insert_rowid(), %2, %3, %3);")
+                                   .arg(n)
+                                   .arg(n * 100)
+                                   .arg(n * 10));
+        s->setDocument(documentOuvert(m_chemin, s.get()));
+        barres = qobject_cast<QBarSeries*>(vue->chart()->series().first());
+        auto* axe = qobject_cast<QBarCategoryAxis*>(vue->chart()->axes(Qt::Horizontal).first());
+        QCOMPARE(axe->count(), 11);
+        QCOMPARE(axe->at(0), QStringLiteral("Bobino"));
+        QCOMPARE(axe->at(1), QStringLiteral("Salle 11"));
+        QCOMPARE(axe->at(10), QStringLiteral("Autres"));
+        QCOMPARE(barres->barSets().at(0)->at(10), 200.0 + 100);
+        QCOMPARE(barres->barSets().at(1)->at(10), 20.0 + 10);
     }
 
     void fenetreModeles()

@@ -75,7 +75,7 @@ void CumulsEmployeurs::afficherGraphique(Employeurs* employeurs)
     chart->legend()->setAlignment(Qt::AlignBottom);
     chart->setLocalizeNumbers(true);
     chart->setLocale(localeFrancaise());
-    const GraphiqueEmployeurs donnees = employeurs ? employeurs->graphiqueDesSalaires() : GraphiqueEmployeurs();
+    const GraphiqueEmployeurs donnees = employeurs ? employeurs->graphiqueDesSalaires().principaux(10) : GraphiqueEmployeurs();
     auto* serie = new QBarSeries(chart);
     QStringList noms;
     double maximum = 0.0;
