@@ -494,7 +494,16 @@ private slots:
     void colonnesRetenues()
     {
         auto b = banc();
-        b->liste()->table()->setColumnWidth(ModeleTableContrats::Employeur, 333);
+        // Until the user sets a width, the columns fit their contents: a long name is not cut.
+        const QString nom = QStringLiteral("Compagnie du Théâtre de l'Écume");
+        const int employeur = ajouterEmployeur(b->chemin, nom);
+        ajouterContrat(b->chemin, {employeur, QDate(2024, 1, 10), QDate(2024, 1, 10), 12, 1, 100, 80});
+        b->liste()->actualiser();
+        QTableView* table = b->liste()->table();
+        QVERIFY(table->columnWidth(ModeleTableContrats::Employeur) > table->fontMetrics().horizontalAdvance(nom));
+        QVERIFY(b->reglages->valeur(Reglages::Cle::ContratsColonnes).toByteArray().isEmpty());
+
+        table->setColumnWidth(ModeleTableContrats::Employeur, 333);
         QVERIFY(!b->reglages->valeur(Reglages::Cle::ContratsColonnes).toByteArray().isEmpty());
         Environnement environnement{*b->reglages, b->dialogues};
         SectionContrats autre(environnement);

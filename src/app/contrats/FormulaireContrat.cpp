@@ -6,6 +6,7 @@
 #include "app/Environnement.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/ChampDate.h"
+#include "app/kit/ListeRetourALaLigne.h"
 #include "app/kit/MessageSaisie.h"
 #include "records/Contrats.h"
 
@@ -89,6 +90,7 @@ void FormulaireContrat::construire()
     auto* miseFrais = new QVBoxLayout(boiteFrais);
     m_frais = new QListWidget(boiteFrais);
     m_frais->setObjectName(QStringLiteral("listeFraisLies"));
+    retourALaLigne(m_frais);
     miseFrais->addWidget(m_frais);
     bas->addWidget(boiteNote, 1);
     bas->addWidget(boiteFrais, 1);

@@ -98,6 +98,7 @@ void FormulaireContrat::remplirListes()
             texte += QStringLiteral(" (lié au contrat %1)").arg(designationContrat(
                 Dates::depuisSQLite(l.value("lie_debut").toString()), l.value("lie_employeur").toString()));
         auto* element = new QListWidgetItem(texte, m_frais);
+        element->setToolTip(texte);
         element->setData(Qt::UserRole, l.value("f_id").toInt());
         element->setFlags(element->flags() | Qt::ItemIsUserCheckable);
         element->setCheckState(Qt::Unchecked);

@@ -71,9 +71,6 @@ ListeContrats::ListeContrats(Environnement& environnement, QWidget* parent)
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setSectionsMovable(true);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    static const QList<int> largeurs{84, 84, 150, 90, 95, 46, 54, 88, 88, 64, 46, 58, 72, 100, 100};
-    for (int colonne = 0; colonne < largeurs.size(); ++colonne)
-        m_table->setColumnWidth(colonne, largeurs.at(colonne));
     memoriserColonnes(m_table, m_environnement.reglages, Reglages::Cle::ContratsColonnes);
     mise->addWidget(m_table, 1);
 

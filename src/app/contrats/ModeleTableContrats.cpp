@@ -100,6 +100,9 @@ QVariant ModeleTableContrats::data(const QModelIndex& index, int role) const
     }
     if (role == Qt::ToolTipRole && index.column() == Heures && estGroupee(l))
         return QStringLiteral("Période groupée (cinq jours ou plus)");
+    // A cut text is read whole in its tooltip.
+    if (role == Qt::ToolTipRole && (index.column() == Employeur || index.column() == Lieu || index.column() == Note))
+        return data(index, Qt::DisplayRole);
     if (role != Qt::DisplayRole)
         return {};
     switch (index.column()) {

@@ -85,8 +85,6 @@ SectionEmployeurs::SectionEmployeurs(Environnement& environnement, QWidget* pare
     m_liste->setSortingEnabled(true);
     m_liste->sortByColumn(ModeleEmployeurs::Enseigne, Qt::AscendingOrder);
     m_liste->horizontalHeader()->setStretchLastSection(true);
-    m_liste->horizontalHeader()->resizeSection(ModeleEmployeurs::Conventionne, 48);
-    m_liste->horizontalHeader()->resizeSection(ModeleEmployeurs::Enseigne, 200);
     memoriserColonnes(m_liste, m_environnement.reglages, Reglages::Cle::EmployeursColonnes);
     auto* effacer = new QAction(QStringLiteral("Supprimer"), m_liste);
     effacer->setShortcut(QKeySequence::Delete);
@@ -108,6 +106,8 @@ SectionEmployeurs::SectionEmployeurs(Environnement& environnement, QWidget* pare
     partage->addWidget(onglets);
     partage->setStretchFactor(0, 3);
     partage->setStretchFactor(1, 2);
+    // The list gets what the form's short fields leave.
+    partage->setSizes({520, 480});
     contenu()->addWidget(partage, 1);
 
     connect(nouveau, &QPushButton::clicked, this, &SectionEmployeurs::nouvelEmployeur);
