@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 DOCUMENT ?=
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build run test bench kill9 format clean fuzz screenshots demo
+.PHONY: all deps configure build run test bench kill9 format clean fuzz screenshots demo package
 
 all: build
 
@@ -32,6 +32,10 @@ demo: build
 
 test: build
 	@cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+# Writes the Debian package $(BUILD_DIR)/corvane_<version>_<arch>.deb (cmake/Paquet.cmake).
+package: build
+	@cd $(BUILD_DIR) && cpack -G DEB
 
 bench: build
 	@for b in $(BUILD_DIR)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done

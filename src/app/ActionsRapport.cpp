@@ -7,6 +7,7 @@
 #include "store/Dialogues.h"
 
 #include <QBoxLayout>
+#include <QKeySequence>
 #include <QPushButton>
 
 namespace corvane::app {
@@ -53,6 +54,10 @@ void ajouterBoutonsRapport(QBoxLayout* mise, QWidget* parent, Environnement& env
 {
     auto* imprimer = new QPushButton(QStringLiteral("Imprimer…"), parent);
     imprimer->setObjectName(QStringLiteral("boutonImprimer") + suffixe);
+    // Ctrl+P prints the screen on display: a button's shortcut works only while the button is
+    // visible in the active window, so the hidden sections' buttons stay out of the way.
+    imprimer->setShortcut(QKeySequence::Print);
+    imprimer->setToolTip(QStringLiteral("Imprimer (%1)").arg(imprimer->shortcut().toString(QKeySequence::NativeText)));
     auto* exporter = new QPushButton(QStringLiteral("Exporter en PDF…"), parent);
     exporter->setObjectName(QStringLiteral("boutonExporterPdf") + suffixe);
     mise->addWidget(imprimer);

@@ -35,7 +35,8 @@ QString exporterRapportEcran(Environnement& environnement, const RapportEcran& r
 bool imprimerRapportEcran(Environnement& environnement, const RapportEcran& rapport, QWidget* parent);
 
 // Adds the two buttons to `mise` ("boutonImprimer" + suffix, "boutonExporterPdf" + suffix);
-// `rapport` is asked for at each click, so that it follows the screen's filters.
+// `rapport` is asked for at each click, so that it follows the screen's filters. Ctrl+P
+// clicks "Imprimer…" while it is on screen.
 void ajouterBoutonsRapport(QBoxLayout* mise, QWidget* parent, Environnement& environnement,
                            std::function<RapportEcran()> rapport, const QString& suffixe);
 

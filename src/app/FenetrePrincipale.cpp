@@ -1,8 +1,10 @@
 #include "app/FenetrePrincipale.h"
 
+#include "app/FenetreGuide.h"
 #include "app/PagesSections.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
+#include "store/Dialogues.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -59,6 +61,7 @@ FenetrePrincipale::FenetrePrincipale(Environnement& environnement, QWidget* pare
 
     construireBarreOutils();
     construireMenus();
+    construireMenuAide();
     setTitreDocument(QString());
 }
 
@@ -176,6 +179,41 @@ void FenetrePrincipale::construireMenus()
         const Section section = d.section;
         connect(action, &QAction::triggered, this, [this, section] { emit sectionDemandee(section); });
     }
+}
+
+void FenetrePrincipale::construireMenuAide()
+{
+    QMenu* aide = menuBar()->addMenu(QStringLiteral("&Aide"));
+    QAction* guide = aide->addAction(QStringLiteral("&Guide d'utilisation"));
+    guide->setObjectName(QStringLiteral("actionGuide"));
+    guide->setShortcut(QKeySequence::HelpContents);
+    connect(guide, &QAction::triggered, this, &FenetrePrincipale::afficherGuide);
+
+    QAction* aPropos = aide->addAction(QStringLiteral("À &propos de Corvane"));
+    aPropos->setObjectName(QStringLiteral("actionAPropos"));
+    aPropos->setMenuRole(QAction::AboutRole);
+    connect(aPropos, &QAction::triggered, this, [this] {
+        m_environnement.dialogues.information(
+            QStringLiteral("À propos de Corvane"),
+            QStringLiteral("Corvane %1\n\nCorvane tient le registre de votre activité d'intermittent du spectacle : "
+                           "votre profil, vos employeurs, vos contrats et vos périodes d'indemnisation.\n\n"
+                           "Logiciel libre, distribué sous la licence publique générale GNU (GPL), version 3 ou "
+                           "ultérieure.")
+                .arg(QStringLiteral(CORVANE_VERSION)),
+            QStringLiteral("Fermer"));
+    });
+}
+
+void FenetrePrincipale::afficherGuide()
+{
+    // One guide window, brought back to the front when asked again.
+    if (!m_guide) {
+        m_guide = new FenetreGuide(this);
+        m_guide->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_guide->show();
+    m_guide->raise();
+    m_guide->activateWindow();
 }
 
 QAction* FenetrePrincipale::action(const QString& nom) const

@@ -5,6 +5,7 @@
 #include "store/Rappels.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class QAction;
 class QLabel;
@@ -18,6 +19,7 @@ class Document;
 
 namespace corvane::app {
 
+class FenetreGuide;
 class PageSection;
 class SectionFichiers;
 class SectionVerrou;
@@ -77,6 +79,9 @@ protected:
 private:
     void construireBarreOutils();
     void construireMenus();
+    // "Aide": the user guide (F1) and "À propos de Corvane".
+    void construireMenuAide();
+    void afficherGuide();
     PageSection* page(Section section) const;
 
     Environnement& m_environnement;
@@ -90,6 +95,7 @@ private:
     QAction* m_actionBadge = nullptr;
     QToolButton* m_boutonVerrou = nullptr;
     QList<QAction*> m_alertes;
+    QPointer<FenetreGuide> m_guide;
 };
 
 } // namespace corvane::app

@@ -26,6 +26,14 @@ QLineEdit* champMotDePasse(const QString& nom, QWidget* parent)
 
 } // namespace
 
+QString texteProtectionVerrou()
+{
+    return QStringLiteral("Le mot de passe cache le contenu du document à qui l'ouvre avec Corvane sans le "
+                          "connaître. Il ne chiffre pas le fichier : n'importe quel outil SQLite peut le lire, mot "
+                          "de passe compris. Pour protéger vraiment vos données, gardez le document dans un dossier "
+                          "chiffré ou sur un disque chiffré.");
+}
+
 PopoverVerrou::PopoverVerrou(const QString& chemin, QWidget* parent)
     : QFrame(parent, Qt::Popup), m_chemin(chemin), m_verrouille(Verrou::isFileLocked(chemin))
 {
@@ -40,6 +48,13 @@ PopoverVerrou::PopoverVerrou(const QString& chemin, QWidget* parent)
     m_etat->setWordWrap(true);
     m_etat->setMinimumWidth(300);
     mise->addWidget(m_etat);
+
+    // What the password does and does not do, so that nobody takes it for encryption.
+    auto* portee = new QLabel(texteProtectionVerrou(), this);
+    portee->setObjectName(QStringLiteral("verrouPortee"));
+    portee->setWordWrap(true);
+    portee->setMinimumWidth(300);
+    mise->addWidget(portee);
 
     auto* formulaire = new QFormLayout;
     m_motDePasse = champMotDePasse(QStringLiteral("popoverMotDePasse"), this);

@@ -9,6 +9,9 @@ class QPushButton;
 
 namespace corvane::app {
 
+// What the password protection does and does not do, in the user's words.
+QString texteProtectionVerrou();
+
 // The small panel under the lock button: the typed password switches the document's
 // protection on or off (it takes effect at the next opening) and leads to the
 // password change.

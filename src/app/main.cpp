@@ -2,18 +2,25 @@
 #include "app/ControleurApplication.h"
 #include "app/DialoguesQt.h"
 #include "app/FenetrePrincipale.h"
+#include "app/Langue.h"
 #include "store/Reglages.h"
 
 #include <QApplication>
 #include <QIcon>
+
+#include <cstdio>
 
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvane"));
     QApplication::setOrganizationName(QStringLiteral("Corvane"));
-    QApplication::setDesktopFileName(QStringLiteral("org.corvane.Corvane"));
+    QApplication::setDesktopFileName(QStringLiteral("org.corvane.corvane"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icones/corvane.png")));
+    if (!corvane::app::parlerFrancais(application))
+        std::fputs("corvane: les traductions de Qt sont introuvables (paquet qt6-translations-l10n) ; "
+                   "les boîtes de dialogue standard resteront en anglais.\n",
+                   stderr);
 
     corvane::Reglages reglages;
     corvane::app::DialoguesQt dialogues;

@@ -3,6 +3,7 @@
 
 #include "app/AssistantNouveauDocument.h"
 #include "app/ControleurApplication.h"
+#include "app/FenetreGuide.h"
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
 #include "app/PopoverVerrou.h"
@@ -27,6 +28,7 @@
 #include <QStandardPaths>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <QtTest>
 
@@ -209,6 +211,29 @@ private slots:
         preferences->findChild<QCheckBox*>(Reglages::nom(Reglages::Cle::ActiverAlertes))->click();
         QVERIFY(!b->reglages->booleen(Reglages::Cle::ActiverAlertes));
         QTRY_VERIFY(!badge->isVisible());
+    }
+
+    void menuAide()
+    {
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer());
+        b->fenetre->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(b->fenetre.get()));
+        // F1 shows the guide built into the program, in one window however often it is asked for.
+        QTest::keyClick(b->fenetre.get(), Qt::Key_F1);
+        QTest::keyClick(b->fenetre.get(), Qt::Key_F1);
+        const QList<FenetreGuide*> guides = b->fenetre->findChildren<FenetreGuide*>();
+        QCOMPARE(guides.size(), 1);
+        QVERIFY(guides[0]->isVisible());
+        QCOMPARE(guides[0]->windowTitle(), QStringLiteral("Guide d'utilisation de Corvane"));
+        const QString texte = guides[0]->findChild<QTextBrowser*>()->toPlainText();
+        QVERIFY2(texte.contains(QStringLiteral("Elle ne chiffre pas le fichier")), qPrintable(texte.left(200)));
+        guides[0]->close();
+
+        b->fenetre->action(QStringLiteral("actionAPropos"))->trigger();
+        QCOMPARE(b->dialogues.echanges().size(), 1);
+        QCOMPARE(b->dialogues.echanges()[0].titre, QStringLiteral("À propos de Corvane"));
+        QVERIFY(b->dialogues.echanges()[0].message.contains(QStringLiteral("GPL")));
     }
 
     void fenetresDuDossier_data()

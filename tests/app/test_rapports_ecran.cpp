@@ -1,7 +1,7 @@
 // The "Exporter en PDF…" buttons of the contracts list, the employers section and the
 // profile window: the save panel with the report's name, the file written and offered
 // for display, the contracts as filtered on screen, the settings' parts, the alerts
-// without a document, and the "Impressions" pane of the preferences.
+// without a document (through the buttons and Ctrl+P), and the "Impressions" pane of the preferences.
 
 #include "app/ApercuPdf.h"
 #include "app/ControleurApplication.h"
@@ -178,14 +178,24 @@ private slots:
             fenetre = std::make_unique<SectionEmployeurs>(*m_environnement);
         else
             fenetre = std::make_unique<FenetreProfil>(*m_environnement, nullptr);
-        for (const QString& bouton : {QStringLiteral("boutonExporterPdf"), QStringLiteral("boutonImprimer")}) {
+        fenetre->show();
+        fenetre->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(fenetre.get()));
+        // The two buttons, and Ctrl+P for the print button.
+        for (const QString& bouton :
+             {QStringLiteral("boutonExporterPdf"), QStringLiteral("boutonImprimer"), QStringLiteral("Ctrl+P")}) {
             m_dialogues = DialoguesScriptes();
             m_dialogues.choisirChemins({sortie()});
-            auto* b = fenetre->findChild<QPushButton*>(bouton + ecran);
-            QVERIFY(b);
-            QTest::mouseClick(b, Qt::LeftButton);
+            if (bouton == QStringLiteral("Ctrl+P")) {
+                QTest::keySequence(fenetre.get(), QKeySequence::Print);
+            } else {
+                auto* b = fenetre->findChild<QPushButton*>(bouton + ecran);
+                QVERIFY(b);
+                QTest::mouseClick(b, Qt::LeftButton);
+            }
+            // A shortcut clicks its button a moment later, as a mouse would.
+            QTRY_COMPARE(m_dialogues.echanges().size(), 1);
             QVERIFY(m_dialogues.panneaux().isEmpty());
-            QCOMPARE(m_dialogues.echanges().size(), 1);
             QCOMPARE(m_dialogues.echanges()[0].titre, titre);
             QCOMPARE(m_dialogues.echanges()[0].message,
                      QStringLiteral("Avant toute nouvelle opération, il est nécessaire de créer un nouveau fichier, "
