@@ -29,6 +29,7 @@
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 
 namespace corvane::app {
@@ -86,6 +87,7 @@ void ControleurApplication::connecter()
     connect(fichiers, &SectionFichiers::nouveauDocumentDemande, this, &ControleurApplication::showAssistant);
     connect(&m_fenetre, &FenetrePrincipale::nouveauDocumentDemande, this, &ControleurApplication::showAssistant);
     connect(&m_fenetre, &FenetrePrincipale::autreDocumentDemande, this, &ControleurApplication::ouvrirAutreDocument);
+    connect(&m_fenetre, &FenetrePrincipale::fermetureDocumentDemandee, this, &ControleurApplication::fileWillClose);
     connect(&m_fenetre, &FenetrePrincipale::sauvegardeDemandee, this, &ControleurApplication::sauvegarderMaintenant);
     connect(&m_fenetre, &FenetrePrincipale::preferencesDemandees, this, &ControleurApplication::showPreferences);
     connect(&m_fenetre, &FenetrePrincipale::fenetreDemandee, this, &ControleurApplication::ouvrirFenetre);
@@ -340,15 +342,53 @@ void ControleurApplication::didCreateNewFile(const QString& chemin)
     didOpenFile(chemin);
 }
 
+void ControleurApplication::documentTransmis(const QString& chemin)
+{
+    if (m_fenetre.isMinimized())
+        m_fenetre.showNormal();
+    m_fenetre.show();
+    m_fenetre.raise();
+    m_fenetre.activateWindow();
+    if (chemin.isEmpty())
+        return;
+    m_documentsTransmis << chemin;
+    ouvrirDocumentsTransmis();
+}
+
+void ControleurApplication::ouvrirDocumentsTransmis()
+{
+    // A dialog waiting for an answer may be in the middle of an opening, or hold the open
+    // document: the documents handed over wait until it is closed.
+    if (QApplication::activeModalWidget()) {
+        if (!m_transmissionPrevue) {
+            m_transmissionPrevue = true;
+            QTimer::singleShot(250, this, [this] {
+                m_transmissionPrevue = false;
+                ouvrirDocumentsTransmis();
+            });
+        }
+        return;
+    }
+    while (!m_documentsTransmis.isEmpty() && !QApplication::activeModalWidget())
+        ouvrir(m_documentsTransmis.takeFirst());
+    if (!m_documentsTransmis.isEmpty())
+        ouvrirDocumentsTransmis();
+}
+
 void ControleurApplication::fileWillClose()
 {
+    // What was written last reaches the screens while the document is still there.
+    if (m_documentOuvert)
+        m_documentOuvert->annoncerMaintenant();
     m_document.clear();
     m_verrouille = false;
     m_fenetre.setTitreDocument(QString());
     m_fenetre.setDocument(nullptr);
     m_documentOuvert.reset();
     m_fenetre.setVerrouille(false);
+    m_fenetre.setBoutonVerrou(false);
     m_fenetre.afficherSection(Section::Fichiers);
+    majSectionFichiers();
     majAlertes();
 }
 
@@ -370,7 +410,8 @@ void ControleurApplication::afficherSection(Section section)
 
 void ControleurApplication::majAlertes()
 {
-    m_fenetre.majAlertes(m_verrouille ? Rappels() : Rappels::calculer(m_document, m_reglages));
+    // A locked document has its reminders too; the menu stays out of reach until it is unlocked.
+    m_fenetre.majAlertes(Rappels::calculer(m_document, m_reglages));
 }
 
 void ControleurApplication::majSectionFichiers()
@@ -382,12 +423,17 @@ void ControleurApplication::majSectionFichiers()
 
 void ControleurApplication::proposerSauvegardePrevue()
 {
-    if (m_document.isEmpty() || m_verrouille || !m_reglages.booleen(Cle::FichierSauvegardeAuto) ||
+    if (m_document.isEmpty() || !m_reglages.booleen(Cle::FichierSauvegardeAuto) ||
         !Sauvegardes::sauvegardePrevueAujourdhui(m_document, m_reglages))
         return;
     const QString reponse = m_dialogues.question(QStringLiteral("Gestion des sauvegardes"), kSauvegardePlanifiee,
                                                  {QStringLiteral("Oui"), QStringLiteral("Non")});
-    if (reponse == QStringLiteral("Oui"))
+    if (reponse != QStringLiteral("Oui"))
+        return;
+    // A locked document shows the files section once the password is given.
+    if (m_verrouille)
+        m_reglages.ecrire(Cle::LastTabUsed, int(Section::Fichiers));
+    else
         afficherSection(Section::Fichiers);
 }
 

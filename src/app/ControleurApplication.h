@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPalette>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 class QDialog;
@@ -49,6 +50,10 @@ public:
     void didOpenFile(const QString& chemin);
     void didCreateNewFile(const QString& chemin);
     void fileWillClose();
+    // A document handed over by another launch of the program (a double-click in the file
+    // manager while Corvane runs): the window comes forward and the document opens as with
+    // "Ouvrir…", once no dialog is waiting for an answer. "" only brings the window forward.
+    void documentTransmis(const QString& chemin);
 
     void afficherSection(Section section);
     void majAlertes();
@@ -76,6 +81,7 @@ private:
     void appliquerApparence();
     void connecter();
     void majSectionFichiers();
+    void ouvrirDocumentsTransmis();
 
     Reglages& m_reglages;
     Dialogues& m_dialogues;
@@ -83,6 +89,8 @@ private:
     QString m_document;
     std::unique_ptr<Document> m_documentOuvert;
     bool m_verrouille = false;
+    QStringList m_documentsTransmis;
+    bool m_transmissionPrevue = false;
     // The palette the platform gave, restored when the user goes back to the system's appearance.
     QPalette m_paletteSysteme;
 };

@@ -131,6 +131,8 @@ void FenetrePrincipale::construireMenus()
             &FenetrePrincipale::nouveauDocumentDemande);
     ajouter(fichier, QStringLiteral("actionOuvrir"), QStringLiteral("&Ouvrir…"), QKeySequence::Open,
             &FenetrePrincipale::autreDocumentDemande);
+    ajouter(fichier, QStringLiteral("actionFermerDocument"), QStringLiteral("&Fermer le document"),
+            QKeySequence(QStringLiteral("Ctrl+W")), &FenetrePrincipale::fermetureDocumentDemandee);
     fichier->addSeparator();
     ajouter(fichier, QStringLiteral("actionSauvegarder"), QStringLiteral("Faire une &copie de sauvegarde"),
             QKeySequence(), &FenetrePrincipale::sauvegardeDemandee);
@@ -225,6 +227,7 @@ void FenetrePrincipale::setTitreDocument(const QString& chemin)
 {
     setWindowTitle(chemin.isEmpty() ? QStringLiteral("Aucun fichier ouvert...") : QFileInfo(chemin).fileName());
     m_boutonVerrou->setEnabled(!chemin.isEmpty());
+    action(QStringLiteral("actionFermerDocument"))->setEnabled(!chemin.isEmpty());
 }
 
 void FenetrePrincipale::setDocument(Document* document)

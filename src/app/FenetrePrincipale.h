@@ -69,6 +69,7 @@ signals:
     // The menu bar's commands.
     void nouveauDocumentDemande();
     void autreDocumentDemande();
+    void fermetureDocumentDemandee();
     void sauvegardeDemandee();
     void preferencesDemandees();
     void fenetreDemandee(corvane::app::FenetreDossier fenetre);

@@ -5,12 +5,14 @@
 #include "records/Periodes.h"
 #include "records/Profil.h"
 #include "store/Dates.h"
+#include "store/ErreursSQLite.h"
 #include "store/Horloge.h"
 #include "store/Schema.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
+#include <sqlite3.h>
 
 namespace corvane::cli {
 
@@ -190,44 +192,77 @@ protected:
         if (modification) {
             if (!preparerEcriture(contexte, chemin, &code))
                 return code;
-            Profil profil(chemin);
-            profil.initDepuisLaTableV4();
-            for (const auto& [option, sauvegarde] : optionsTexte()) {
-                if (arguments.contient(option))
-                    (profil.*sauvegarde)(arguments.valeur(option));
-            }
-            for (const OptionEntier& o : optionsEntier()) {
-                if (entiers.contains(o.option))
-                    (profil.*o.sauvegarde)(entiers.value(o.option));
-            }
-            if (ouverture) {
-                // The opening date goes with the wage and the rate, as when a new period starts.
-                profil.majNouvellePeriodeDu(*ouverture, montants.value("srj", profil.donnees().srjValide),
-                                            montants.value("taux", profil.donnees().tauxValide));
-                montants.remove("srj");
-                montants.remove("taux");
-            }
-            for (const OptionMontant& o : optionsMontant()) {
-                if (montants.contains(o.option))
-                    (profil.*o.sauvegarde)(montants.value(o.option));
-            }
-            if (arguments.contient("emploi"))
-                profil.saveJobId(emploi);
-            if (arguments.contient("civilite"))
-                profil.saveCivilityId(civilite);
-            if (arguments.contient("abattement"))
-                profil.saveFallId(abattement);
-            if (renoncer)
-                profil.renoncerAbattement(*renoncer == 1);
-            if (naissance)
-                profil.saveDob(*naissance);
-            if (arguments.contient("sans-photo"))
-                profil.supprimeLaPhoto();
+            if (const int rc = modifier(arguments, chemin, entiers, montants, naissance, ouverture, renoncer, emploi,
+                                        civilite, abattement);
+                rc != SQLITE_OK)
+                return echec(contexte, ErreursSQLite::estOccupe(rc)
+                                           ? ErreursSQLite::fichierUtilise(chemin)
+                                           : QStringLiteral("Le profil n'a pas pu être enregistré : %1.")
+                                                 .arg(ErreursSQLite::raison(rc, chemin)));
         }
         return afficher(contexte, chemin);
     }
 
 private:
+    // Every field given, or none: the write lock is taken first, so that a document another
+    // program holds refuses the command before anything is written. Returns the SQLite code
+    // (SQLITE_OK once everything is committed).
+    static int modifier(const Arguments& arguments, const QString& chemin, const QMap<QString, int>& entiers,
+                        QMap<QString, double> montants, const std::optional<QDate>& naissance,
+                        const std::optional<QDate>& ouverture, const std::optional<int>& renoncer, int emploi,
+                        int civilite, int abattement)
+    {
+        Profil profil(chemin);
+        profil.initDepuisLaTableV4();
+        BaseDeDonnees& base = profil.db();
+        if (const int rc = base.exec(QStringLiteral("BEGIN IMMEDIATE;")); rc != SQLITE_OK)
+            return rc;
+        // The first refusal's code: the whole transaction is then rolled back.
+        int refus = SQLITE_OK;
+        auto noter = [&refus, &base](bool reussi) {
+            if (!reussi && refus == SQLITE_OK) {
+                const int code = sqlite3_extended_errcode(base.handle());
+                refus = (code & 0xFF) == SQLITE_OK || (code & 0xFF) == SQLITE_DONE ? SQLITE_ERROR : code;
+            }
+        };
+        for (const auto& [option, sauvegarde] : optionsTexte()) {
+            if (arguments.contient(option))
+                noter((profil.*sauvegarde)(arguments.valeur(option)));
+        }
+        for (const OptionEntier& o : optionsEntier()) {
+            if (entiers.contains(o.option))
+                noter((profil.*o.sauvegarde)(entiers.value(o.option)));
+        }
+        if (ouverture) {
+            // The opening date goes with the wage and the rate, as when a new period starts.
+            noter(profil.majNouvellePeriodeDu(*ouverture, montants.value("srj", profil.donnees().srjValide),
+                                              montants.value("taux", profil.donnees().tauxValide)));
+            montants.remove("srj");
+            montants.remove("taux");
+        }
+        for (const OptionMontant& o : optionsMontant()) {
+            if (montants.contains(o.option))
+                noter((profil.*o.sauvegarde)(montants.value(o.option)));
+        }
+        if (arguments.contient("emploi"))
+            noter(profil.saveJobId(emploi));
+        if (arguments.contient("civilite"))
+            noter(profil.saveCivilityId(civilite));
+        if (arguments.contient("abattement"))
+            noter(profil.saveFallId(abattement));
+        // Giving up the abatement is the 0 % row; taking it back, the 20 % one.
+        if (renoncer)
+            noter(profil.saveFallId(*renoncer == 1 ? 1 : 2));
+        if (naissance)
+            noter(profil.saveDob(*naissance));
+        if (arguments.contient("sans-photo"))
+            noter(profil.supprimeLaPhoto());
+        const int rc = refus == SQLITE_OK ? base.exec(QStringLiteral("COMMIT;")) : refus;
+        if (rc != SQLITE_OK)
+            base.exec(QStringLiteral("ROLLBACK;"));
+        return rc;
+    }
+
     static int afficher(Contexte& contexte, const QString& chemin)
     {
         Profil profil(chemin);

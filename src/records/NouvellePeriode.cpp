@@ -28,9 +28,7 @@ void NouvellePeriode::initialiser()
 int NouvellePeriode::longueurPeriodeDeReference(const QString& emploi)
 {
     const Annexe annexe = emploi == QStringLiteral("Artiste") ? Annexe(Artiste()) : Annexe(OuvrierTechnicien());
-    // The 2016 rules lengthened the reference period from 1 August 2016.
-    const bool regles2016 = Horloge::aujourdhui() >= QDate(2016, 8, 1);
-    return int(regles2016 ? annexe.periodeDeReference_2016 : annexe.periodeDeReference);
+    return joursPeriodeDeReference(annexe, Horloge::aujourdhui());
 }
 
 QDate NouvellePeriode::finParDefaut(const QString& emploi, const QDate& debut)

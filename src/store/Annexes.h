@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -51,6 +52,13 @@ struct OuvrierTechnicien : Annexe
     }
 };
 // clang-format on
+
+// The reference-period length in days on a given day: the 2016 rules lengthened it from 1 August 2016.
+// The first period of a new document and the new-period assistant both take it from here.
+inline int joursPeriodeDeReference(const Annexe& annexe, const QDate& jour)
+{
+    return int(jour >= QDate(2016, 8, 1) ? annexe.periodeDeReference_2016 : annexe.periodeDeReference);
+}
 
 // "Artiste", "Ouvrier", "Technicien": index 0 selects annex 10, 1 and 2 annex 8.
 inline const QStringList& professionsAnnexes()

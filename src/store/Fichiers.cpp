@@ -39,10 +39,7 @@ QDate Fichiers::finPremierePeriode(int emploiId, const QDate& ouverture)
     const auto annexe = annexePourProfession(professions().value(emploiId - 1));
     if (!annexe || !ouverture.isValid())
         return aujourdhui;
-    // The 2016 rules lengthened the reference period from 1 August 2016.
-    const bool regles2016 = aujourdhui >= QDate(2016, 8, 1);
-    const int longueur = int(regles2016 ? annexe->periodeDeReference_2016 : annexe->periodeDeReference);
-    return ouverture.addDays(longueur - 1);
+    return ouverture.addDays(joursPeriodeDeReference(*annexe, aujourdhui) - 1);
 }
 
 void Fichiers::echouer(const QString& message)

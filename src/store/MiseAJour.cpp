@@ -2,6 +2,7 @@
 // what to do only from failing probes and row counts, so a second run changes nothing.
 
 #include "store/Dates.h"
+#include "store/ErreursSQLite.h"
 #include "store/Fichiers.h"
 #include "store/SaisieFrancaise.h"
 #include "store/Schema.h"
@@ -121,9 +122,10 @@ void Fichiers::nouveautesVerif()
     if (!m_db.estOuverte())
         return;
     // One transaction: an interrupted upgrade leaves the document as it was.
-    if (m_db.exec(QStringLiteral("BEGIN IMMEDIATE;")) != SQLITE_OK) {
-        echouer(QStringLiteral("Le fichier « %1 » est utilisé par un autre programme : il ne peut pas être mis à jour.")
-                    .arg(m_cheminDuFichier));
+    if (const int rc = m_db.exec(QStringLiteral("BEGIN IMMEDIATE;")); rc != SQLITE_OK) {
+        echouer(ErreursSQLite::estOccupe(rc) ? ErreursSQLite::fichierUtilise(m_cheminDuFichier)
+                                             : QStringLiteral("Le fichier « %1 » n'a pas pu être mis à jour : %2")
+                                                   .arg(m_cheminDuFichier, m_db.derniereErreur()));
         return;
     }
 
@@ -189,10 +191,14 @@ void Fichiers::nouveautesVerif()
     if (colonneManquante("utilisateur", "u_annee_blanche"))
         m_db.exec(QStringLiteral("ALTER TABLE utilisateur ADD COLUMN u_annee_blanche TINYINT DEFAULT 0;"));
 
-    if (m_db.exec(QStringLiteral("COMMIT;")) != SQLITE_OK) {
+    if (const int rc = m_db.exec(QStringLiteral("COMMIT;")); rc != SQLITE_OK) {
         const QString raison = m_db.derniereErreur();
         m_db.exec(QStringLiteral("ROLLBACK;"));
-        echouer(QStringLiteral("Le fichier « %1 » n'a pas pu être mis à jour : %2").arg(m_cheminDuFichier, raison));
+        // A reader holding the document makes the commit wait: in use, as for a writer.
+        echouer(
+            ErreursSQLite::estOccupe(rc)
+                ? ErreursSQLite::fichierUtilise(m_cheminDuFichier)
+                : QStringLiteral("Le fichier « %1 » n'a pas pu être mis à jour : %2").arg(m_cheminDuFichier, raison));
     }
 }
 

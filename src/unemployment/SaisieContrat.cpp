@@ -138,12 +138,11 @@ void SaisieContrat::choisirDates(const QDateTime& instantDuDebut, const QDateTim
 
     effectue = !(instantDebut > Horloge::maintenant());
 
-    if (modele && modele->jours > 0) {
+    if (modele && modele->jours > 0 && !finChoisie) {
         fin = debut.addDays(modele->jours - 1);
         datesTravaillees = joursDe(debut, modele->jours - 1);
         jours = int(datesTravaillees.size());
-        if (modele->heures > 0)
-            heures = modele->heures;
+        heures = modele->heures;
     }
 
     anneesEncaissement = {fin.year() - 1, fin.year(), fin.year() + 1};
@@ -222,15 +221,19 @@ void SaisieContrat::appliquerModele(const ContratModele& m)
     modele = m;
     emploiId = m.emploiId;
     type = m.typeId;
-    // An incomplete template (no day or hour count) leaves the derived figures alone.
-    if (m.jours > 0)
-        jours = m.jours;
-    if (m.heures > 0)
-        heures = m.heures;
     brut = m.salaireBrut;
     net = m.salaireNet;
     if (emploiId != kEmploiAutoEntrepreneur)
         abattementId = type == kTypePrestations ? abattementUtilisateur : kAbattementAucun;
+    // A template with a day count gives its hours with it, 0 included; one with neither count
+    // leaves the derived figures alone.
+    if (m.jours > 0) {
+        jours = m.jours;
+        // Choosing a template again is choosing its length again, over an end picked before.
+        finChoisie = false;
+    }
+    if (m.jours > 0 || m.heures > 0)
+        heures = m.heures;
     if (debut.isValid() && m.jours > 0) {
         fin = debut.addDays(m.jours - 1);
         datesTravaillees = joursDe(debut, m.jours - 1);

@@ -78,7 +78,7 @@ public:
     void cocherAP(bool coche);
     void choisirBrut(double montant);
     // The employer's template (job, type, days, hours, gross, net); its day count then
-    // drives the end date.
+    // drives the end date, until the user picks an end (finChoisie).
     void appliquerModele(const ContratModele& modele);
     void retirerModele() { modele.reset(); }
     // Hours from the gross after the self-employment allowance and today's hourly minimum wage.
@@ -104,6 +104,8 @@ public:
     double brutAbattuAE = 0.0; // the self-employed gross after its allowance
     QList<int> anneesEncaissement;
     std::optional<ContratModele> modele;
+    // The user picked the end date: a template's length no longer moves it.
+    bool finChoisie = false;
 
 private:
     void calculerHeures();

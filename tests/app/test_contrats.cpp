@@ -284,6 +284,57 @@ private slots:
         QVERIFY(!b->widget<QCheckBox>("caseEffectue")->isChecked());
     }
 
+    // The employer's template gives its length and its hours, 0 included, until the user picks
+    // an end: that end is then the user's, whatever the start or the other fields do.
+    void modeleEtDateDeFin_data()
+    {
+        QTest::addColumn<int>("heuresModele");
+        QTest::addColumn<QDate>("finChoisie"); // none when invalid
+        QTest::addColumn<QDate>("nouveauDebut");
+        QTest::addColumn<QDate>("fin");
+        QTest::addColumn<int>("heures");
+        QTest::newRow("template without hours") << 0 << QDate() << QDate(2024, 5, 2) << QDate(2024, 5, 6) << 0;
+        QTest::newRow("template length follows the start")
+            << 35 << QDate() << QDate(2024, 5, 2) << QDate(2024, 5, 6) << 35;
+        QTest::newRow("end picked by the user stays")
+            << 35 << QDate(2024, 3, 12) << QDate(2024, 3, 6) << QDate(2024, 3, 12) << 84;
+        QTest::newRow("start past the end picked: one day")
+            << 35 << QDate(2024, 3, 12) << QDate(2024, 3, 20) << QDate(2024, 3, 20) << 12;
+    }
+
+    void modeleEtDateDeFin()
+    {
+        QFETCH(int, heuresModele);
+        QFETCH(QDate, finChoisie);
+        QFETCH(QDate, nouveauDebut);
+        QFETCH(QDate, fin);
+        QFETCH(int, heures);
+        auto b = banc();
+        const int modele = ajouterModele(b->chemin, QStringLiteral("Résidence"), 1, 1, 5, heuresModele, 900, 700);
+        ajouterEmployeur(b->chemin, QStringLiteral("Compagnie du Cerf"), modele);
+        b->section->setDocument(documentOuvert(b->chemin, b->section.get()));
+        b->section->nouveauContrat();
+        auto* dateFin = b->widget<QDateEdit>("dateFin");
+        auto* champHeures = b->widget<ChampNombre>("champHeures");
+        b->widget<QDateEdit>("dateDebut")->setDate(QDate(2024, 3, 4));
+        b->choisir("choixEmployeur", "Compagnie du Cerf");
+        QCOMPARE(dateFin->date(), QDate(2024, 3, 8));
+        QCOMPARE(champHeures->value(), heuresModele);
+        if (finChoisie.isValid()) {
+            dateFin->setDate(finChoisie);
+            QCOMPARE(dateFin->date(), finChoisie);
+            b->choisir("choixType", "Prestations");
+            QCOMPARE(dateFin->date(), finChoisie);
+        }
+        b->widget<QDateEdit>("dateDebut")->setDate(nouveauDebut);
+        QCOMPARE(dateFin->date(), fin);
+        QCOMPARE(champHeures->value(), heures);
+        b->enregistrer();
+        QVERIFY(!b->enEdition());
+        QCOMPARE(valeur(b->chemin, "SELECT c_fin_contrat || '|' || c_nbre_heures FROM contrats;"),
+                 QStringLiteral("%1|%2").arg(jourSQLite(fin)).arg(heures));
+    }
+
     void refus_data()
     {
         QTest::addColumn<QString>("employeur");

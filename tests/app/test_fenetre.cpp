@@ -6,6 +6,7 @@
 #include "app/FenetreGuide.h"
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
+#include "app/InstanceUnique.h"
 #include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
@@ -422,9 +423,17 @@ private slots:
         }
     }
 
+    void offreDeSauvegardeAuDepart_data()
+    {
+        QTest::addColumn<QString>("motDePasse");
+        QTest::newRow("document ouvert") << QString();
+        QTest::newRow("document protégé") << QStringLiteral("sésame");
+    }
+
     void offreDeSauvegardeAuDepart()
     {
-        const QString chemin = document("planifie.cv4");
+        QFETCH(QString, motDePasse);
+        const QString chemin = document(QStringLiteral("planifie%1.cv4").arg(m_numero), motDePasse);
         Intermittent(chemin).db().executer("INSERT INTO fichiersauvegardes (fs_date) VALUES (?);",
                                            {QDate(2024, 2, 11)});
         auto b = banc();
@@ -433,9 +442,85 @@ private slots:
         QVERIFY(b->controleur->demarrer(chemin));
         QCOMPARE(b->dialogues.echanges().size(), 1);
         QCOMPARE(b->dialogues.echanges()[0].titre, QStringLiteral("Gestion des sauvegardes"));
+        // The reminders are the document's, protected or not: the backup is due.
+        QVERIFY(b->fenetre->actionAlerte(2)->isEnabled());
+        if (!motDePasse.isEmpty()) {
+            QCOMPARE(b->fenetre->sectionAffichee(), Section::Verrou);
+            auto* champ = b->fenetre->findChild<QLineEdit*>("verrouMotDePasse");
+            champ->setText(motDePasse);
+            QTest::keyClick(champ, Qt::Key_Return);
+        }
         QCOMPARE(b->fenetre->sectionAffichee(), Section::Fichiers);
         QCOMPARE(b->fenetre->findChild<QLabel*>("derniereSauvegarde")->text(),
                  QStringLiteral("Dernière sauvegarde : 11/02/2024"));
+    }
+
+    void documentTransmisParUnAutreLancement()
+    {
+        const QString premier = document("lancement1.cv4");
+        const QString second = document("lancement2.cv4");
+        const QString ancien = g_maison->filePath("lancement3.orv");
+        documentDepuisScript("generation1.sql", ancien);
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(premier));
+        // What a program that ended abruptly leaves behind: nobody answers there.
+        const QString canal = g_maison->filePath("canal-corvane");
+        ecrire(canal, "reste");
+        InstanceUnique programme(canal);
+        QVERIFY(!InstanceUnique(canal).transmettre(second));
+        QVERIFY(programme.ecouter());
+        QVERIFY(!InstanceUnique(canal).ecouter());
+        connect(&programme, &InstanceUnique::documentRecu, b->controleur.get(),
+                &ControleurApplication::documentTransmis);
+
+        // Received during the start-up, opened once it is over.
+        QVERIFY(InstanceUnique(canal).transmettre(second));
+        QTest::qWait(50);
+        QCOMPARE(b->controleur->document(), premier);
+        programme.setPret();
+        QTRY_COMPARE(b->controleur->document(), second);
+        QVERIFY(b->reglages->liste(Reglages::Cle::Files).contains(second));
+
+        // A dialog waiting for an answer keeps it waiting.
+        QDialog attente(b->fenetre.get());
+        attente.open();
+        QVERIFY(InstanceUnique(canal).transmettre(premier));
+        QTest::qWait(400);
+        QCOMPARE(b->controleur->document(), second);
+        attente.reject();
+        QTRY_COMPARE(b->controleur->document(), premier);
+
+        // The questions of "Ouvrir…": an earlier generation offers its conversion.
+        b->dialogues.repondre({"Ne rien faire"});
+        QVERIFY(InstanceUnique(canal).transmettre(ancien));
+        QTRY_VERIFY(!b->dialogues.echanges().isEmpty() &&
+                    b->dialogues.echanges().last().titre == QStringLiteral("Ouverture de fichier"));
+        QCOMPARE(b->controleur->document(), premier);
+    }
+
+    void fermerLeDocument()
+    {
+        const QString chemin = document("a-fermer.cv4");
+        auto b = banc();
+        QVERIFY(b->controleur->demarrer(chemin));
+        QAction* fermer = b->fenetre->action(QStringLiteral("actionFermerDocument"));
+        QVERIFY(fermer && fermer->isEnabled());
+        fermer->trigger();
+        QCOMPARE(b->controleur->document(), QString());
+        QVERIFY(!b->controleur->documentOuvert());
+        QCOMPARE(b->fenetre->windowTitle(), QStringLiteral("Aucun fichier ouvert..."));
+        QCOMPARE(b->fenetre->sectionAffichee(), Section::Fichiers);
+        QVERIFY(!b->fenetre->sectionFichiers()->document());
+        QCOMPARE(b->fenetre->findChild<QLabel*>("derniereSauvegarde")->text(), QStringLiteral("Aucun fichier ouvert."));
+        QVERIFY(!fermer->isEnabled());
+        QVERIFY(!b->fenetre->boutonVerrou()->isEnabled());
+        QTRY_VERIFY(!b->fenetre->findChild<QLabel*>("badgeAlertes")->isVisible());
+        emit b->fenetre->sectionDemandee(Section::Contrats);
+        QCOMPARE(b->dialogues.echanges().last().message, ControleurApplication::messageSansDocument());
+        // Closed, not forgotten: the files section still offers it.
+        QVERIFY(b->reglages->liste(Reglages::Cle::Files).contains(chemin));
+        QVERIFY(b->controleur->ouvrir(chemin));
+        QVERIFY(fermer->isEnabled());
     }
 
     void offreAuMomentDeQuitter_data()

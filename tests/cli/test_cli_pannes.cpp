@@ -70,24 +70,33 @@ private slots:
     void occupe_data()
     {
         QTest::addColumn<QStringList>("commande");
-        QTest::newRow("info") << QStringList{"info"};
-        QTest::newRow("a records command") << QStringList{"employeur", "lister"};
+        QTest::addColumn<QString>("verrou"); // what the other program holds
+        QTest::newRow("info") << QStringList{"info"} << "BEGIN EXCLUSIVE;";
+        QTest::newRow("a records command") << QStringList{"employeur", "lister"} << "BEGIN EXCLUSIVE;";
+        // A long reader lets the document be read and checked: the refusal comes when the
+        // profile's write is committed.
+        QTest::newRow("profil modifier under a reader")
+            << QStringList{"profil", "modifier", "--nom", "Durand", "--commune", "Lyon"}
+            << "BEGIN; SELECT COUNT(*) FROM utilisateur;";
     }
 
     void occupe()
     {
         QFETCH(QStringList, commande);
+        QFETCH(QString, verrou);
         const QString chemin = document();
         BaseDeDonnees autre;
         QVERIFY(autre.ouvrir(chemin));
-        QCOMPARE(autre.exec("BEGIN EXCLUSIVE;"), SQLITE_OK);
+        QCOMPARE(autre.exec(verrou), SQLITE_OK);
         const Resultat r = lancer(commande + QStringList{chemin});
+        autre.exec("ROLLBACK;");
         QCOMPARE(r.code, 1);
         QVERIFY2(
             r.erreurs.contains(QStringLiteral("Le fichier « %1 » est utilisé par un autre programme.").arg(chemin)),
             qPrintable(r.erreurs));
         QVERIFY(!r.erreurs.contains(QStringLiteral("endommagé")));
-        autre.exec("ROLLBACK;");
+        QCOMPARE(autre.texte("SELECT u_nom || '|' || u_commune FROM utilisateur WHERE u_id = 1;"),
+                 QStringLiteral("Martin|"));
     }
 
     void sauvegarderSousUnAutreEcrivain()
@@ -167,6 +176,10 @@ private slots:
             << "la photo « CIBLE » est introuvable";
         QTest::newRow("photo: a folder") << QStringList{"profil", "modifier", "DOC", "--photo", "CIBLE"} << "dossier"
                                          << "n'est pas un fichier";
+        // Nothing of the profile is written when one of its fields cannot be.
+        QTest::newRow("profile: a field the document refuses")
+            << QStringList{"profil", "modifier", "DOC", "--nom", "Durand", "--commune", "Lyon"} << "refus"
+            << "Le profil n'a pas pu être enregistré : une valeur n'est pas acceptée par le fichier.";
         QTest::newRow("backup: its temporary name taken") << QStringList{"sauvegarder", "DOC", "CIBLE"} << "prise.cv4"
                                                           << "le fichier ne peut pas être ouvert";
         QTest::newRow("backup: no destination")
@@ -186,9 +199,18 @@ private slots:
             QDir(dossier).mkpath(cible);
         if (cible == "prise.cv4")
             QDir(dossier).mkpath(cible + ".copie-en-cours");
+        if (cible == "refus") {
+            // Opened once by the program already, so that the command's upgrade pass writes nothing.
+            QCOMPARE(lancer({"ouvrir", chemin}).code, 0);
+            BaseDeDonnees base;
+            QVERIFY(base.ouvrir(chemin));
+            QCOMPARE(base.exec("CREATE TRIGGER refus BEFORE UPDATE OF u_commune ON utilisateur BEGIN SELECT "
+                               "RAISE(ABORT, 'refus'); END;"),
+                     SQLITE_OK);
+        }
         if (cible == "tube.cv4")
             QCOMPARE(mkfifo(QFile::encodeName(dossier + "/" + cible).constData(), 0600), 0);
-        const QString cheminCible = cible.isEmpty() ? QString() : dossier + "/" + cible;
+        const QString cheminCible = cible.isEmpty() || cible == "refus" ? QString() : dossier + "/" + cible;
         arguments.replaceInStrings("DOC", chemin).replaceInStrings("CIBLE", cheminCible);
         const QStringList fichiers = contenu(chemin);
         const QByteArray avant = empreinte(chemin);

@@ -236,8 +236,12 @@ void FormulaireContrat::datesChoisies(bool depuisDebut)
 {
     lireChamps();
     const QDate debut = m_debut->date();
-    // Picking a start alone makes a one-day contract; the end then widens it.
-    const QDate fin = depuisDebut ? debut : m_fin->date();
+    // Picking a start alone makes a one-day contract; the end then widens it. Once the user has
+    // picked the end, a new start keeps it, unless the start passes it.
+    if (!depuisDebut)
+        m_saisie.finChoisie = true;
+    const bool finGardee = m_saisie.finChoisie && m_fin->date() >= debut;
+    const QDate fin = depuisDebut && !finGardee ? debut : m_fin->date();
     m_saisie.choisirDates(SaisieContrat::instantDuSelecteur(debut), SaisieContrat::instantDuSelecteur(fin));
     afficher();
 }
