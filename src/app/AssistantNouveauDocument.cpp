@@ -3,6 +3,7 @@
 #include "app/SectionVerrou.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/ChampDate.h"
+#include "app/kit/Raccourcis.h"
 #include "store/Dialogues.h"
 #include "store/Fichiers.h"
 #include "store/FormatFrancais.h"
@@ -59,6 +60,7 @@ AssistantNouveauDocument::AssistantNouveauDocument(Reglages& reglages, Dialogues
     setPage(PageSituation, construirePageSituation());
     setPage(PageDocument, construirePageDocument());
     majCheminPropose();
+    attribuerRaccourcis(this, QString());
 }
 
 QWizardPage* AssistantNouveauDocument::construirePageIdentite()

@@ -3,6 +3,7 @@
 #include "app/PanneauPreferencesAlertes.h"
 #include "app/PanneauPreferencesGeneral.h"
 #include "app/PanneauPreferencesSauvegardes.h"
+#include "app/kit/Raccourcis.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -50,6 +51,7 @@ FenetrePreferences::FenetrePreferences(Reglages& reglages, QWidget* parent) : QD
     ajouterPanneau(QStringLiteral("Sauvegardes"), m_sauvegardes);
     ajouterPanneau(QStringLiteral("Alertes"), m_alertes);
     m_liste->setCurrentRow(0);
+    attribuerRaccourcis(this, QString());
 }
 
 int FenetrePreferences::ajouterPanneau(const QString& titre, QWidget* panneau)

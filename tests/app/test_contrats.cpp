@@ -542,6 +542,37 @@ private slots:
         QCOMPARE(valeur(b->chemin, "SELECT COUNT(*) FROM frais;"), QStringLiteral("1"));
     }
 
+    void lettresDesChamps()
+    {
+        auto b = banc();
+        b->section->nouveauContrat();
+        QApplication::setActiveWindow(b->section.get());
+        QVERIFY(QTest::qWaitForWindowActive(b->section.get()));
+        QString prises = QStringLiteral("FDSA");
+        QList<QLabel*> sansLettre;
+        for (QLabel* etiquette : b->formulaire()->findChildren<QLabel*>()) {
+            QWidget* champ = etiquette->buddy();
+            if (!champ || !champ->isEnabled() || champ->focusPolicy() == Qt::NoFocus || qobject_cast<QLabel*>(champ))
+                continue;
+            const int i = etiquette->text().indexOf(QLatin1Char('&'));
+            if (i < 0) {
+                sansLettre << etiquette;
+                continue;
+            }
+            const QChar lettre = etiquette->text().at(i + 1).toUpper();
+            QVERIFY2(!prises.contains(lettre), qPrintable(etiquette->text()));
+            prises += lettre;
+            // Alt and the letter reach the field.
+            QTest::keyClick(b->section.get(), Qt::Key(lettre.unicode()), Qt::AltModifier);
+            QVERIFY2(etiquette->buddy()->hasFocus(), qPrintable(etiquette->text()));
+        }
+        // A label goes without only when every letter it has is taken.
+        QVERIFY(sansLettre.size() <= 1);
+        for (QLabel* etiquette : sansLettre)
+            for (const QChar c : etiquette->text())
+                QVERIFY2(!c.isLetter() || prises.contains(c.toUpper()), qPrintable(etiquette->text()));
+    }
+
     void colonnesRetenues()
     {
         auto b = banc();

@@ -8,6 +8,7 @@
 #include "app/kit/ChampDate.h"
 #include "app/kit/ListeRetourALaLigne.h"
 #include "app/kit/MessageSaisie.h"
+#include "app/kit/Raccourcis.h"
 #include "records/Contrats.h"
 
 #include <QCheckBox>
@@ -58,6 +59,7 @@ FormulaireContrat::FormulaireContrat(Environnement& environnement, QWidget* pare
 {
     construire();
     connecter();
+    attribuerRaccourcis(this);
 }
 
 FormulaireContrat::~FormulaireContrat() = default;

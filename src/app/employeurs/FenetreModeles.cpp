@@ -6,6 +6,7 @@
 #include "app/MemoireColonnes.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/MessageSaisie.h"
+#include "app/kit/Raccourcis.h"
 #include "records/Employeurs.h"
 #include "store/Dialogues.h"
 #include "store/FormatFrancais.h"
@@ -161,6 +162,7 @@ FenetreModeles::FenetreModeles(Environnement& environnement, Document& document,
     // Columns fitted to their contents until the user sets them.
     m_liste->resizeColumnsToContents();
     memoriserColonnes(m_liste, environnement.reglages, Reglages::Cle::ContratsModelesColonnes);
+    attribuerRaccourcis(this, QString());
 }
 
 void FenetreModeles::recharger(int idASelectionner)

@@ -5,6 +5,7 @@
 #include "app/Environnement.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/MessageSaisie.h"
+#include "app/kit/Raccourcis.h"
 #include "records/ContratsModeles.h"
 #include "store/Dialogues.h"
 #include "store/FormatFrancais.h"
@@ -120,6 +121,7 @@ PanneauEmployeur::PanneauEmployeur(Environnement& environnement, QWidget* parent
     connect(enregistrer, &QPushButton::clicked, this, &PanneauEmployeur::enregistrementDemande);
     connect(m_supprimer, &QPushButton::clicked, this, &PanneauEmployeur::suppressionDemandee);
     vider();
+    attribuerRaccourcis(this);
 }
 
 QLineEdit* PanneauEmployeur::champ(const QString& nom)

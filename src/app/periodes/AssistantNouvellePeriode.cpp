@@ -7,6 +7,7 @@
 #include "app/kit/ChampDate.h"
 #include "app/kit/MessageSaisie.h"
 #include "app/periodes/ChampsPeriode.h"
+#include "app/kit/Raccourcis.h"
 #include "store/Dialogues.h"
 #include "store/FormatFrancais.h"
 
@@ -111,6 +112,7 @@ AssistantNouvellePeriode::AssistantNouvellePeriode(Environnement& environnement,
     });
     afficher();
     setMinimumWidth(460);
+    attribuerRaccourcis(this, QString());
 }
 
 void AssistantNouvellePeriode::afficher()

@@ -11,6 +11,7 @@
 #include "app/periodes/AssistantNouvellePeriode.h"
 #include "app/periodes/ChampsPeriode.h"
 #include "app/periodes/ModelePeriodes.h"
+#include "app/kit/Raccourcis.h"
 #include "records/NouvellePeriode.h"
 #include "records/Periodes.h"
 #include "store/Dialogues.h"
@@ -123,6 +124,7 @@ FenetrePeriodes::FenetrePeriodes(Environnement& environnement, Document& documen
     // Columns fitted to their contents until the user sets them.
     m_liste->resizeColumnsToContents();
     memoriserColonnes(m_liste, environnement.reglages, Reglages::Cle::PeriodesColonnes);
+    attribuerRaccourcis(this, QString());
 }
 
 FenetrePeriodes::~FenetrePeriodes()

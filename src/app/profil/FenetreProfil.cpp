@@ -4,6 +4,7 @@
 
 #include "app/ActionsRapport.h"
 #include "app/Environnement.h"
+#include "app/kit/Raccourcis.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "store/Dialogues.h"
 #include "store/Horloge.h"
@@ -68,6 +69,7 @@ FenetreProfil::FenetreProfil(Environnement& environnement, Document* document, Q
     }
     setMinimumWidth(740);
     recharger();
+    attribuerRaccourcis(this, QString());
 }
 
 FenetreProfil::~FenetreProfil()
