@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTableWidget>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -19,11 +20,18 @@ namespace corvane::app {
 
 SectionFichiers::SectionFichiers(QWidget* parent) : PageSection(Section::Fichiers, parent)
 {
-    auto* explication =
-        new QLabel(QStringLiteral("Les fichiers de travail que vous avez déjà ouverts avec Corvane."), this);
-    contenu()->addWidget(explication);
+    m_pages = new QStackedWidget(this);
+    m_pages->setObjectName(QStringLiteral("pagesFichiers"));
+    m_pages->addWidget(construireAccueil());
+    auto* pageListe = new QWidget(m_pages);
+    auto* miseListe = new QVBoxLayout(pageListe);
+    miseListe->setContentsMargins(0, 0, 0, 0);
+    miseListe->addWidget(
+        new QLabel(QStringLiteral("Les fichiers de travail que vous avez déjà ouverts avec Corvane."), pageListe));
+    m_pages->addWidget(pageListe);
+    contenu()->addWidget(m_pages, 1);
 
-    m_liste = new QTableWidget(0, 3, this);
+    m_liste = new QTableWidget(0, 3, pageListe);
     m_liste->setObjectName(QStringLiteral("listeFichiers"));
     m_liste->setHorizontalHeaderLabels(
         {QStringLiteral("Fichier"), QStringLiteral("Dossier"), QStringLiteral("Dernière modification")});
@@ -34,7 +42,7 @@ SectionFichiers::SectionFichiers(QWidget* parent) : PageSection(Section::Fichier
     m_liste->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     m_liste->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_liste->horizontalHeader()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
-    contenu()->addWidget(m_liste, 1);
+    miseListe->addWidget(m_liste, 1);
 
     auto* boutons = new QHBoxLayout;
     m_ouvrir = new QPushButton(QStringLiteral("Ouvrir"), this);
@@ -52,9 +60,9 @@ SectionFichiers::SectionFichiers(QWidget* parent) : PageSection(Section::Fichier
     boutons->addStretch(1);
     boutons->addWidget(nouveau);
     boutons->addWidget(autre);
-    contenu()->addLayout(boutons);
+    miseListe->addLayout(boutons);
 
-    auto* cadre = new QGroupBox(QStringLiteral("Copie de sauvegarde"), this);
+    auto* cadre = m_cadreSauvegarde = new QGroupBox(QStringLiteral("Copie de sauvegarde"), this);
     auto* miseCadre = new QHBoxLayout(cadre);
     m_derniereSauvegarde = new QLabel(cadre);
     m_derniereSauvegarde->setObjectName(QStringLiteral("derniereSauvegarde"));
@@ -80,8 +88,52 @@ SectionFichiers::SectionFichiers(QWidget* parent) : PageSection(Section::Fichier
     majBoutons();
 }
 
+QWidget* SectionFichiers::construireAccueil()
+{
+    auto* accueil = new QWidget(this);
+    accueil->setObjectName(QStringLiteral("accueilFichiers"));
+    auto* mise = new QVBoxLayout(accueil);
+    mise->addStretch(1);
+    auto* titre = new QLabel(QStringLiteral("Bienvenue dans Corvane"), accueil);
+    QFont police = titre->font();
+    police.setPointSizeF(police.pointSizeF() * 1.5);
+    police.setBold(true);
+    titre->setFont(police);
+    titre->setAlignment(Qt::AlignCenter);
+    auto* texte = new QLabel(
+        QStringLiteral("Corvane garde toute votre activité dans un seul fichier de travail : vos employeurs, vos "
+                       "contrats, vos périodes. Il l'enregistre à chaque modification, sans que vous ayez à y penser."
+                       "\n\nPour commencer, créez votre fichier : un assistant vous demande votre nom, votre emploi "
+                       "et la date d'ouverture de vos droits. Si vous avez déjà un fichier Corvane, ouvrez-le."),
+        accueil);
+    texte->setWordWrap(true);
+    texte->setAlignment(Qt::AlignCenter);
+    texte->setFixedWidth(560);
+    auto* creer = new QPushButton(QStringLiteral("Créer mon fichier de travail…"), accueil);
+    creer->setObjectName(QStringLiteral("boutonAccueilNouveau"));
+    creer->setDefault(true);
+    auto* ouvrir = new QPushButton(QStringLiteral("Ouvrir un fichier existant…"), accueil);
+    ouvrir->setObjectName(QStringLiteral("boutonAccueilOuvrir"));
+    connect(creer, &QPushButton::clicked, this, &SectionFichiers::nouveauDocumentDemande);
+    connect(ouvrir, &QPushButton::clicked, this, &SectionFichiers::autreDocumentDemande);
+    auto* boutons = new QHBoxLayout;
+    boutons->addStretch(1);
+    boutons->addWidget(creer);
+    boutons->addWidget(ouvrir);
+    boutons->addStretch(1);
+    mise->addWidget(titre);
+    mise->addSpacing(12);
+    mise->addWidget(texte, 0, Qt::AlignHCenter);
+    mise->addSpacing(16);
+    mise->addLayout(boutons);
+    mise->addStretch(2);
+    return accueil;
+}
+
 void SectionFichiers::afficherFichiersConnus(const QStringList& chemins)
 {
+    // A first run has no file yet: the section says how to begin instead of showing an empty list.
+    m_pages->setCurrentIndex(chemins.isEmpty() ? 0 : 1);
     m_liste->setRowCount(0);
     for (const QString& chemin : chemins) {
         const QFileInfo info(chemin);
@@ -114,9 +166,8 @@ void SectionFichiers::setDerniereSauvegarde(const QDate& date)
 
 void SectionFichiers::recharger()
 {
-    m_sauvegarder->setEnabled(document() != nullptr);
-    if (!document())
-        m_derniereSauvegarde->setText(QStringLiteral("Aucun fichier ouvert."));
+    // A backup is of the open document: without one, the frame has nothing to offer.
+    m_cadreSauvegarde->setVisible(document() != nullptr);
 }
 
 QString SectionFichiers::fichierSelectionne() const

@@ -6,6 +6,7 @@
 
 class QLabel;
 class QPushButton;
+class QStackedWidget;
 class QTableWidget;
 
 namespace corvane::app {
@@ -35,6 +36,7 @@ protected:
 
 private:
     void majBoutons();
+    QWidget* construireAccueil();
 
     QTableWidget* m_liste = nullptr;
     QPushButton* m_ouvrir = nullptr;
@@ -42,6 +44,8 @@ private:
     QPushButton* m_montrer = nullptr;
     QPushButton* m_sauvegarder = nullptr;
     QLabel* m_derniereSauvegarde = nullptr;
+    QStackedWidget* m_pages = nullptr;
+    QWidget* m_cadreSauvegarde = nullptr;
 };
 
 } // namespace corvane::app
