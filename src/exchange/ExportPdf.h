@@ -47,8 +47,10 @@ public:
     static bool ecrirePdf(const QTextDocument& document, const QString& chemin, QString* erreur = nullptr,
                           int* pages = nullptr);
     // Lays a copy of the document out on the device's pages, with the header of a
-    // table repeated at the top of each page it continues on, and paints them. The
-    // document itself is left untouched. Returns the number of pages painted.
+    // table repeated at the top of each page it continues on, and paints them, each
+    // with its footer: the owner's name (Rapport::titulaire), "Imprimé le" and today's
+    // date (Horloge), and "page / pages". The document itself is left untouched.
+    // Returns the number of pages painted.
     static int mettreEnPages(const QTextDocument& document, QPagedPaintDevice& appareil);
     // A4 portrait with 20-point margins.
     static QPageLayout miseEnPage();

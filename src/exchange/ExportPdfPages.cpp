@@ -1,6 +1,8 @@
 #include "exchange/ExportPdf.h"
 
+#include "exchange/RangeesTableau.h"
 #include "exchange/Rapport.h"
+#include "store/Horloge.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPageRanges>
@@ -11,10 +13,12 @@
 #include <QTextDocument>
 #include <QTextImageFormat>
 
+#include <cmath>
 #include <memory>
 
-// Laying a report out on pages: the separator across the text width, and the header
-// of a long table repeated at the top of every page it continues on.
+// Laying a report out on pages: the separator across the text width, the header of a
+// long table repeated at the top of every page it continues on, and a footer on every
+// page: the owner's name, the day it is printed and the page number.
 
 namespace corvane {
 
@@ -150,9 +154,9 @@ void retirerEntetes(QTextDocument& document, const Tableau& tableau)
 }
 
 // Repeats a table's header at the top of each page it continues on. The rows are
-// first placed from the height of the first one, before the layout reaches them, so
-// that the document is laid out only once; when a row turns out taller (a glyph from
-// another font), the copies are placed again from the heights laid out.
+// first placed from the heights they carry, before the layout reaches them, so that
+// the document is laid out only once; should the layout make a row another height,
+// the copies are placed again from the heights laid out.
 void repeterEntetes(QTextDocument& document, const QTextBlock& entete)
 {
     Tableau tableau = lireTableau(entete);
@@ -169,7 +173,12 @@ void repeterEntetes(QTextDocument& document, const QTextBlock& entete)
     const double debut = tableau.deplacerEntete ? premierePage * hauteurPage + hauteurEntete : cadrePremiere.top();
 
     const double hauteurRangee = cadrePremiere.height();
-    placerRangees(tableau, hauteurPage, hauteurEntete, premierePage, debut, [&](int) { return hauteurRangee; });
+    QList<double> prevues;
+    for (const QTextBlock& b : tableau.rangees) {
+        const double h = RangeesTableau::hauteur(b);
+        prevues << (h > 0 ? h : hauteurRangee);
+    }
+    placerRangees(tableau, hauteurPage, hauteurEntete, premierePage, debut, [&](int i) { return prevues[i]; });
     if (tableau.coupures.isEmpty() && !tableau.deplacerEntete)
         return;
     insererEntetes(document, tableau);
@@ -203,10 +212,40 @@ void repeterEntetes(QTextDocument& document)
             repeterEntetes(document, b);
 }
 
+// The footer's height, in points, under the text of every page.
+constexpr double hauteurPied = 22;
+
+struct PiedDePage
+{
+    QString titulaire;
+    QString date; // "Imprimé le 23/11/2026"
+};
+
+// A thin rule across the page, then the owner's name on the left, the day in the
+// middle and "page / pages" on the right, in a small size. `cadre` is the strip under
+// the text, in device pixels.
+void peindrePied(QPainter& peintre, const QRectF& cadre, const PiedDePage& pied, int page, int pages)
+{
+    const double point = peintre.device()->logicalDpiY() / 72.0;
+    peintre.save();
+    const double regle = cadre.top() + 8 * point;
+    peintre.setPen(QPen(QColor(0x80, 0x80, 0x80), 0.5 * point));
+    peintre.drawLine(QPointF(cadre.left(), regle), QPointF(cadre.right(), regle));
+    peintre.setPen(Qt::black);
+    peintre.setFont(Rapport::police(8));
+    const QRectF texte(cadre.left(), regle, cadre.width(), cadre.bottom() - regle);
+    const int bas = Qt::AlignBottom | Qt::TextSingleLine;
+    if (!pied.titulaire.isEmpty())
+        peintre.drawText(texte, Qt::AlignLeft | bas, pied.titulaire);
+    peintre.drawText(texte, Qt::AlignHCenter | bas, pied.date);
+    peintre.drawText(texte, Qt::AlignRight | bas, QStringLiteral("%1 / %2").arg(page).arg(pages));
+    peintre.restore();
+}
+
 // Paints the laid-out pages, as QTextDocument::print would, with a clip one device
 // pixel short of the page's end: a shaded block starting the next page otherwise left
 // a hairline at the foot of this one. Honours the page ranges of a print dialog.
-int peindrePages(QTextDocument& document, QPagedPaintDevice& appareil)
+int peindrePages(QTextDocument& document, QPagedPaintDevice& appareil, const PiedDePage& pied)
 {
     QPainter peintre(&appareil);
     if (!peintre.isActive())
@@ -229,6 +268,8 @@ int peindrePages(QTextDocument& document, QPagedPaintDevice& appareil)
         contexte.clip = vue;
         document.documentLayout()->draw(&peintre, contexte);
         peintre.restore();
+        peindrePied(peintre, QRectF(0, page.height(), page.width(), appareil.height() - page.height()), pied, i + 1,
+                    nombre);
     }
     return peintes;
 }
@@ -246,9 +287,15 @@ int ExportPdf::mettreEnPages(const QTextDocument& document, QPagedPaintDevice& a
     // Laid out on the device itself, so that glyphs are placed at its resolution and
     // not scaled up from the screen's.
     copie->documentLayout()->setPaintDevice(&appareil);
-    copie->setPageSize(QSizeF(appareil.width(), appareil.height()));
+    RangeesTableau::installer(*copie);
+    // The text stops above the footer. Whole pixels: the layout places a page's top at
+    // its own precision, and a fraction would put it on the page before.
+    const double point = appareil.logicalDpiY() / 72.0;
+    copie->setPageSize(QSizeF(appareil.width(), std::floor(appareil.height() - hauteurPied * point)));
     repeterEntetes(*copie);
-    return peindrePages(*copie, appareil);
+    const PiedDePage pied{Rapport::titulaire(document),
+                          QStringLiteral("Imprimé le ") + Horloge::aujourdhui().toString(QStringLiteral("dd/MM/yyyy"))};
+    return peindrePages(*copie, appareil, pied);
 }
 
 } // namespace corvane

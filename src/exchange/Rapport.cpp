@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QPageSize>
 #include <QPainter>
+#include <QTextFrame>
 #include <QUrl>
 
 #include <cmath>
@@ -45,6 +46,8 @@ Rapport::Rapport() : m_document(std::make_unique<QTextDocument>()), m_curseur(m_
     m_document->setUndoRedoEnabled(false);
     m_document->setDefaultFont(police(TailleCorps));
     m_document->setDocumentMargin(0);
+    // Nothing here asks for the document's layout: one would lay every change out as it
+    // is made. The export lays out a copy, with the tables' rows drawn (RangeesTableau).
 }
 
 Rapport::~Rapport() = default;
@@ -58,6 +61,18 @@ std::unique_ptr<QTextDocument> Rapport::prendreDocument()
 void Rapport::nommer(const QString& nom)
 {
     m_document->setMetaInformation(QTextDocument::DocumentTitle, nom);
+}
+
+void Rapport::attribuer(const QString& titulaire)
+{
+    QTextFrameFormat format = m_document->rootFrame()->frameFormat();
+    format.setProperty(ProprieteTitulaire, titulaire.simplified());
+    m_document->rootFrame()->setFrameFormat(format);
+}
+
+QString Rapport::titulaire(const QTextDocument& document)
+{
+    return document.rootFrame()->frameFormat().stringProperty(ProprieteTitulaire);
 }
 
 const QStringList& Rapport::famillesPolice()

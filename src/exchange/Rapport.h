@@ -14,7 +14,8 @@
 namespace corvane {
 
 // One column of a report table. Amounts are right-aligned; `part` is the column's
-// share of the page width in percent (0: an equal share of what the others leave).
+// share of the page width in percent (0: an equal share of what the others leave),
+// which it keeps while every column's texts fit in their shares.
 struct ColonneRapport
 {
     QString titre;
@@ -41,6 +42,8 @@ public:
     // Block properties that mark the lines of a table, for the export.
     static constexpr int ProprieteTableau = QTextFormat::UserProperty + 0x100; // table number, from 1
     static constexpr int ProprieteRangee = QTextFormat::UserProperty + 0x101;  // a Rangee
+    // The root frame's property that names the document's owner.
+    static constexpr int ProprieteTitulaire = QTextFormat::UserProperty + 0x102;
     enum Rangee
     {
         Entete = 1,
@@ -66,6 +69,9 @@ public:
 
     // The report's name, which the PDF carries as its title (the document's DocumentTitle).
     void nommer(const QString& nom);
+    // Whose document it is: the name every page's footer shows ("" for none).
+    void attribuer(const QString& titulaire);
+    static QString titulaire(const QTextDocument& document);
 
     void titre(const QString& texte);
     void section(const QString& texte);
@@ -80,9 +86,10 @@ public:
     void image(const QImage& image, const QString& nom, double largeurPoints);
     // A list: a header row repeated on every page, then one row per entry; `totaux`
     // (optional) is a last row in bold. Cells past the number of columns are ignored.
-    // A right-aligned column widens to its longest text, at the expense of the text
-    // columns, whose cells are cut short with "…" when they do not fit. A list of many
-    // columns may be set smaller than the body (`taille` in points).
+    // Columns are sized to their texts; when the page is too narrow for them all, the
+    // widest text columns wrap their cells onto several lines and the row grows. Nothing
+    // is cut, and a right-aligned text (an amount) never wraps. A list of many columns
+    // may be set smaller than the body (`taille` in points).
     void tableau(const QList<ColonneRapport>& colonnes, const QList<QStringList>& lignes,
                  const QStringList& totaux = {}, double taille = TailleCorps);
     // The next part starts on a new page.
@@ -117,6 +124,7 @@ private:
     bool m_sautDePage = false;
     bool m_apresTableau = false;
     int m_tableaux = 0;
+    int m_rangees = 0;
 };
 
 } // namespace corvane

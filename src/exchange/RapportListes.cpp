@@ -5,6 +5,8 @@
 
 #include "records/Contrats.h"
 #include "records/Employeurs.h"
+#include "records/Profil.h"
+#include "store/BaseDeDonnees.h"
 #include "store/FormatFrancais.h"
 
 #include <QLocale>
@@ -56,6 +58,14 @@ QString descriptionFiltre(const FiltreContrats& filtre)
     return pieces.join(QStringLiteral(", "));
 }
 
+// The owner's name for the footer, from the document's profile.
+void attribuer(Rapport& rapport, BaseDeDonnees& connexion)
+{
+    Profil profil(connexion);
+    if (profil.initDepuisLaTableV4())
+        rapport.attribuer(nomDuTitulaire(profil.donnees()));
+}
+
 void listeEmployeurs(Rapport& rapport, const Table& employeurs)
 {
     rapport.section(QStringLiteral("Employeurs"));
@@ -65,10 +75,12 @@ void listeEmployeurs(Rapport& rapport, const Table& employeurs)
     }
     QList<QStringList> lignes;
     for (qsizetype i = 0; i < employeurs.size(); ++i) {
-        const auto e = [&](const char* cle) { return employeurs.valeur(i, cle).toString(); };
-        const QString ville = joindre({e("Code Postal"), e("Commune")}, " ");
-        lignes << QStringList{e("Enseigne"), joindre({e("Adresse"), ville}, QStringLiteral(", ")), e("Telephone"),
-                              e("Email")};
+        const auto e = [&](const char* cle) { return employeurs.valeur(i, cle).toString().simplified(); };
+        // The postcode and the town stay on one line when the address wraps.
+        const QString ville = joindre({e("Code Postal"), e("Commune")}, " ").replace(' ', QChar(0x00a0));
+        const QString rue = e("Adresse");
+        const QString adresse = rue.isEmpty() || ville.isEmpty() ? rue + ville : rue + QStringLiteral(", ") + ville;
+        lignes << QStringList{e("Enseigne"), adresse, e("Telephone"), e("Email")};
     }
     rapport.tableau({ColonneRapport::texte(QStringLiteral("Enseigne"), 28), ColonneRapport::texte("Adresse"),
                      ColonneRapport::texte(QStringLiteral("Téléphone"), 17),
@@ -128,6 +140,7 @@ bool composerRapportEmployeurs(Rapport& rapport, const QString& document, const 
         return false;
     const Table employeurs = modele.listeLesEmployeurs();
     rapport.nommer(nomRapportEmployeurs());
+    attribuer(rapport, modele.db());
     rapport.titre(nomRapportEmployeurs());
     rapport.separateur();
     if (choix.listeEmployeurs)
@@ -150,6 +163,7 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
     // The model's columns are all the report shows.
     const Table liste = contrats.listeLesContrats(filtre, false);
     rapport.nommer(nomRapportContrats());
+    attribuer(rapport, contrats.db());
     rapport.titre(nomRapportContrats());
     rapport.separateur();
     rapport.paragraphe(descriptionFiltre(filtre));
@@ -167,8 +181,9 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
     }
     QList<QStringList> lignes;
     lignes.reserve(liste.size());
-    const QList<int> colonnes{liste.colonne("Id Contrat"), liste.colonne("Date Debut"), liste.colonne("Date Fin"),
-                              liste.colonne("Employeur"),  liste.colonne("Jours"),      liste.colonne("Heures")};
+    // A contract is known to the user by its dates and employer: its record number is not printed.
+    const QList<int> colonnes{liste.colonne("Date Debut"), liste.colonne("Date Fin"), liste.colonne("Employeur"),
+                              liste.colonne("Jours"), liste.colonne("Heures")};
     const int brut = liste.colonne("Salaire Brut");
     const int net = liste.colonne("Salaire Net");
     for (const QVariantList& c : liste.rangees) {
@@ -178,13 +193,13 @@ bool composerRapportContrats(Rapport& rapport, const QString& document, const Ch
         lignes << (ligne << Rapport::montant(c.at(brut).toDouble()) << Rapport::montant(c.at(net).toDouble()));
     }
     rapport.tableau(
-        {ColonneRapport::montant(QStringLiteral("N°"), 7), ColonneRapport::texte(QStringLiteral("Début"), 13),
-         ColonneRapport::texte(QStringLiteral("Fin"), 13), ColonneRapport::texte(QStringLiteral("Employeur")),
-         ColonneRapport::montant(QStringLiteral("Jours"), 7), ColonneRapport::montant(QStringLiteral("Heures"), 8),
-         ColonneRapport::montant(QStringLiteral("Brut"), 14), ColonneRapport::montant(QStringLiteral("Net"), 14)},
+        {ColonneRapport::texte(QStringLiteral("Début"), 13), ColonneRapport::texte(QStringLiteral("Fin"), 13),
+         ColonneRapport::texte(QStringLiteral("Employeur")), ColonneRapport::montant(QStringLiteral("Jours"), 7),
+         ColonneRapport::montant(QStringLiteral("Heures"), 8), ColonneRapport::montant(QStringLiteral("Brut"), 14),
+         ColonneRapport::montant(QStringLiteral("Net"), 14)},
         lignes,
-        {QString(), QString(), QString(), QStringLiteral("Totaux"), jours, heures,
-         Rapport::montant(contrats.totalBruts), Rapport::montant(contrats.totalNets)},
+        {QString(), QString(), QStringLiteral("Totaux"), jours, heures, Rapport::montant(contrats.totalBruts),
+         Rapport::montant(contrats.totalNets)},
         Rapport::TailleTableauDense);
     rapport.ligne(QStringLiteral("Nombre de contrats"), enEntier(liste.size()));
     return true;

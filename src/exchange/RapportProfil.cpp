@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QImage>
 
+#include <algorithm>
+
 namespace corvane {
 
 namespace {
@@ -98,8 +100,26 @@ void autoEntrepreneur(Rapport& rapport, Profil& profil)
     ligneRenseignee(rapport, QStringLiteral("SIRET"), d.aeSiret);
 }
 
+// The IBAN as it is written on paper: capitals in groups of four ("FR76 3000 6000 …").
+QString ibanGroupe(const QString& iban)
+{
+    QString compact;
+    for (const QChar c : iban)
+        if (!c.isSpace())
+            compact += c.toUpper();
+    QStringList groupes;
+    for (qsizetype i = 0; i < compact.size(); i += 4)
+        groupes << compact.mid(i, 4);
+    return groupes.join(QLatin1Char(' '));
+}
+
 void releveBancaire(Rapport& rapport, const DonneesProfil& d)
 {
+    // Without any bank detail there is nothing to print, and no page to start for it.
+    const QString iban = ibanGroupe(d.ribIban);
+    const QStringList details{d.ribEtablissement, d.ribGuichet, d.ribCompte, d.ribCle, iban};
+    if (std::all_of(details.cbegin(), details.cend(), [](const QString& s) { return s.trimmed().isEmpty(); }))
+        return;
     rapport.sautDePage();
     rapport.section(QStringLiteral("RELEVE D'IDENTITE BANCAIRE"));
     ligneRenseignee(rapport, QStringLiteral("Titulaire"), joindre({d.civilite, d.prenom, d.nom}, QStringLiteral(" ")));
@@ -107,8 +127,8 @@ void releveBancaire(Rapport& rapport, const DonneesProfil& d)
     ligneRenseignee(rapport, QStringLiteral("Code guichet"), d.ribGuichet);
     ligneRenseignee(rapport, QStringLiteral("No de compte"), d.ribCompte);
     ligneRenseignee(rapport, QStringLiteral("Clé RIB"), d.ribCle);
-    if (!d.ribIban.trimmed().isEmpty())
-        rapport.paragraphe(QStringLiteral("IBAN %1").arg(d.ribIban.trimmed()));
+    if (!iban.isEmpty())
+        rapport.paragraphe(QStringLiteral("IBAN %1").arg(iban));
 }
 
 } // namespace
@@ -129,6 +149,11 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
     return c;
 }
 
+QString nomDuTitulaire(const DonneesProfil& profil)
+{
+    return joindre({profil.prenom, profil.nom}, QStringLiteral(" "));
+}
+
 QString nomRapportProfil(const QDate& jour)
 {
     return QStringLiteral("Relevé d'informations %1 %2 %3").arg(jour.day()).arg(jour.month()).arg(jour.year());
@@ -142,6 +167,7 @@ bool composerRapportProfil(Rapport& rapport, const QString& document, const Choi
     const DonneesProfil& d = profil.donnees();
 
     rapport.nommer(nomRapportProfil(Horloge::aujourdhui()));
+    rapport.attribuer(nomDuTitulaire(d));
     rapport.titre(QStringLiteral("Relevé d'informations"));
     rapport.separateur();
     if (choix.photo)
@@ -157,7 +183,7 @@ bool composerRapportProfil(Rapport& rapport, const QString& document, const Choi
         autoEntrepreneur(rapport, profil);
     if (choix.rib)
         releveBancaire(rapport, d);
-    rapport.ajouteTamponDans(joindre({d.prenom, d.nom}, QStringLiteral(" ")));
+    rapport.ajouteTamponDans(nomDuTitulaire(d));
     return true;
 }
 

@@ -7,6 +7,7 @@ namespace corvane {
 
 class Rapport;
 class Reglages;
+struct DonneesProfil;
 struct FiltreContrats;
 
 // The parts of the record reports the user wants printed (the "…_Impressions…"
@@ -34,6 +35,9 @@ struct ChoixImpressions
 QString nomRapportProfil(const QDate& jour);
 QString nomRapportEmployeurs(); // "Liste des employeurs"
 QString nomRapportContrats();   // "Liste des contrats"
+
+// The user's name as the reports print it (stamp, footer): first name, last name.
+QString nomDuTitulaire(const DonneesProfil& profil);
 
 // Each composes its report into `rapport` from the document at `document`, and
 // returns false (nothing composed) when the document cannot be read.

@@ -51,7 +51,8 @@ private slots:
         QTest::addColumn<QStringList>("presents");
         QTest::addColumn<QStringList>("absents");
         QTest::newRow("profil") << QStringList{"--rapport", "profil"} << "Relevé d'informations 5 3 2026"
-                                << QStringList{"Né le 14/05/1980 à Lyon", "Abattement : 25 %", "IBAN FR76 1234"}
+                                << QStringList{"Né le 14/05/1980 à Lyon", "Abattement : 25 %", "IBAN FR76 1234",
+                                               "Jeanne Dupont Imprimé le 05/03/2026 1 / 2"}
                                 << QStringList{};
         QTest::newRow("profil sans RIB ni état civil")
             << QStringList{"--rapport", "profil", "--sans", "rib,etat-civil"} << "Relevé d'informations 5 3 2026"

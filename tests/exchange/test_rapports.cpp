@@ -1,7 +1,7 @@
 // The three record reports (profile summary, employers, contracts) composed from real
 // documents, written to PDF and read back: the parts each setting prints, the texts
-// and French amounts, the file names, and a long career whose contracts are each
-// listed exactly once.
+// and French amounts, long texts printed whole, every page's footer, the file names,
+// and a long career whose contracts are each listed exactly once.
 
 #include "GenerateurCarriere.h"
 #include "exchange/ExportPdf.h"
@@ -11,6 +11,8 @@
 #include "records/Contrats.h"
 #include "records/OutilsContrats.h"
 #include "records/Profil.h"
+#include "store/BaseDeDonnees.h"
+#include "store/Horloge.h"
 #include "store/Reglages.h"
 
 #include <QImage>
@@ -29,6 +31,27 @@ int nombreImages(const QString& chemin)
 {
     return int(octetsPdf(chemin).count("/Subtype /Image"));
 }
+
+QString sansBlancs(QString texte)
+{
+    texte.removeIf([](QChar c) { return c.isSpace(); });
+    return texte;
+}
+
+// Every page ends with its footer: the owner, the day it is printed, "page / pages".
+void verifierPieds(const QStringList& pages, const QString& titulaire = QStringLiteral("Jeanne Dupont"))
+{
+    for (int i = 0; i < pages.size(); ++i) {
+        const QString pied =
+            QStringLiteral("%1 Imprimé le 23/11/2026 %2 / %3").arg(titulaire).arg(i + 1).arg(pages.size());
+        QVERIFY2(pages[i].trimmed().endsWith(pied), qPrintable(pages[i].right(80)));
+    }
+}
+
+// An employer whose name, address and e-mail are each too long for their column.
+const QString nomLong = QStringLiteral("Association culturelle des amis du théâtre de la ville de Saint-Étienne");
+const QString villeLongue = QStringLiteral("13210 Saint-Rémy-de-Provence");
+const QString courrielLong = QStringLiteral("administration.billetterie@association-culturelle-saint-etienne.fr");
 
 } // namespace
 
@@ -62,6 +85,7 @@ private:
 private slots:
     void initTestCase()
     {
+        Horloge::fixer(QDate(2026, 11, 23));
         m_profil = documentContrats(m_dossier, QStringLiteral("profil.cv4"));
         Profil p(m_profil);
         QVERIFY(p.saveDob(QDate(1980, 5, 14)));
@@ -80,7 +104,8 @@ private slots:
         QVERIFY(p.saveFallId(2));
         QVERIFY(p.saveAeFlag(1));
         QVERIFY(p.saveAeSiret(QStringLiteral("123 456 789 00012")));
-        QVERIFY(p.saveRibIban(QStringLiteral("FR76 3000 6000 0112 3456 7890 189")));
+        // Printed in groups of four, however it was typed.
+        QVERIFY(p.saveRibIban(QStringLiteral("fr76 30006000 0112345678 90189")));
         QImage photo(60, 80, QImage::Format_RGB32);
         photo.fill(Qt::darkCyan);
         const QString cheminPhoto = m_dossier.filePath(QStringLiteral("photo.jpg"));
@@ -91,10 +116,19 @@ private slots:
         const int orly = ajouterEmployeur(m_emplois, QStringLiteral("Théâtre d'Orly"));
         const int opera = ajouterEmployeur(m_emplois, QStringLiteral("Opéra de Lyon"));
         ajouterEmployeur(m_emplois, QStringLiteral("Sans contrat"));
+        const int long_ = ajouterEmployeur(m_emplois, nomLong);
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrir(m_emplois));
+        base.executer(
+            "UPDATE employeurs SET e_adresse = ?, e_codepostal = ?, e_commune = ?, e_email = ? WHERE "
+            "e_id = ?;",
+            {QStringLiteral("12 chemin des Oliviers"), villeLongue.left(5), villeLongue.mid(6), courrielLong, long_});
         ajouterContrat(m_emplois, {orly, QDate(2024, 1, 8), QDate(2024, 1, 10), 36, 3, 1234.56, 950.5, 1, 1});
         ajouterContrat(m_emplois, {orly, QDate(2024, 2, 5), QDate(2024, 2, 5), 12, 1, 200.0, 155.25, 1, 1});
         ajouterContrat(m_emplois, {opera, QDate(2024, 3, 4), QDate(2024, 3, 8), 60, 5, 2500.0, 1950.0, 1, 0});
     }
+
+    void cleanupTestCase() { Horloge::reinitialiser(); }
 
     void nomDuReleve_data()
     {
@@ -219,18 +253,20 @@ private slots:
             avant = ici;
         }
         QCOMPARE(nombreImages(fichier), images);
+        verifierPieds(p);
     }
 
     void pasAutoEntrepreneur()
     {
-        // Nothing to print for a user who is not self-employed.
+        // Nothing to print for a user who is not self-employed, nor for one without
+        // bank details: no page of its own for an empty part.
         const QString document = documentContrats(m_dossier, QStringLiteral("salarie.cv4"));
-        const QString texte =
-            pages([&](Rapport& r) { return composerRapportProfil(r, document, ChoixImpressions()); }).join("\n");
-        QVERIFY(texte.contains("Etat civil"));
-        QVERIFY(!texte.contains("Auto-entrepreneur"));
-        QVERIFY(!texte.contains("IBAN"));
-        QVERIFY(texte.contains("RELEVE D'IDENTITE BANCAIRE"));
+        const QStringList p = pages([&](Rapport& r) { return composerRapportProfil(r, document, ChoixImpressions()); });
+        QCOMPARE(p.size(), 1);
+        QVERIFY(p[0].contains("Etat civil"));
+        QVERIFY(!p[0].contains("Auto-entrepreneur"));
+        QVERIFY(!p[0].contains("IBAN"));
+        QVERIFY(!p[0].contains("RELEVE D'IDENTITE BANCAIRE"));
     }
 
     void documentIllisible()
@@ -267,13 +303,23 @@ private slots:
         QCOMPARE(texte.contains("Cumuls par employeur"), cumuls);
         QCOMPARE(texte.contains("Salaires bruts"), cumuls);
         QCOMPARE(p.size(), liste && cumuls ? 2 : 1);
+        verifierPieds(p);
         QCOMPARE(texte.contains("Sans contrat"), liste || cumuls);
+        // Long texts wrap in their cells, whole.
+        QCOMPARE(sansBlancs(texte).contains(sansBlancs(nomLong)), liste || cumuls);
+        QVERIFY(!texte.contains(QStringLiteral("…")));
+        if (liste) {
+            QVERIFY2(sansBlancs(texte).contains(sansBlancs("12 chemin des Oliviers, " + villeLongue)),
+                     qPrintable(texte));
+            QVERIFY(sansBlancs(texte).contains(sansBlancs(courrielLong)));
+        }
         if (cumuls) {
             const QString page = p.last();
             // Orly: 4 days, 48 hours; the opera: 5 days, 60 hours; the totals.
             QVERIFY2(page.contains("Théâtre d'Orly 4 48 1 434,56 € 1 105,75 €"), qPrintable(page));
             QVERIFY(page.contains("Opéra de Lyon 5 60 2 500,00 € 1 950,00 €"));
             QVERIFY(page.contains("Sans contrat 0 0 0,00 € 0,00 €"));
+            QVERIFY(page.simplified().contains("Saint-Étienne 0 0 0,00 € 0,00 €"));
             QVERIFY(page.contains("Totaux 9 108 3 934,56 € 3 055,75 €"));
         }
     }
@@ -379,26 +425,26 @@ private slots:
         QCOMPARE(bilan.contrats, 2000);
 
         Contrats contrats(parametres.chemin);
-        QList<int> attendus;
+        QStringList attendus;
         const Table liste = contrats.listeLesContrats(FiltreContrats(), false);
         for (qsizetype i = 0; i < liste.size(); ++i)
-            attendus << liste.valeur(i, "Id Contrat").toInt();
+            attendus << liste.valeur(i, "Date Debut").toString() + " " + liste.valeur(i, "Date Fin").toString();
         QCOMPARE(attendus.size(), 2000);
 
         const QStringList p =
             pages([&](Rapport& r) { return composerRapportContrats(r, parametres.chemin, ChoixImpressions(), {}); });
         QVERIFY2(p.size() > 40, qPrintable(QString::number(p.size())));
-        // A row: its number, then its two dates.
-        const QRegularExpression rangee(
-            QStringLiteral("(?:^|\\s)(\\d{1,5}) (\\d\\d/\\d\\d/\\d{4}) \\d\\d/\\d\\d/\\d{4}"),
-            QRegularExpression::UseUnicodePropertiesOption);
-        QList<int> lus;
+        // A row starts with its two dates; no record number is printed.
+        const QRegularExpression rangee(QStringLiteral("(\\d\\d/\\d\\d/\\d{4} \\d\\d/\\d\\d/\\d{4}) \\D"));
+        QStringList lus;
         for (int i = 0; i < p.size(); ++i) {
-            QVERIFY2(p[i].contains("N° Début Fin Employeur Jours Heures Brut Net"), qPrintable(QString::number(i)));
+            QVERIFY2(p[i].contains("Début Fin Employeur Jours Heures Brut Net"), qPrintable(QString::number(i)));
+            QVERIFY(!p[i].contains("N°"));
             for (auto it = rangee.globalMatch(p[i]); it.hasNext();)
-                lus << it.next().captured(1).toInt();
+                lus << it.next().captured(1);
         }
         QCOMPARE(lus, attendus);
+        verifierPieds(p, QStringLiteral("Claire Martin"));
         QCOMPARE(p.join("\n").count("Totaux"), 1);
         QVERIFY(p.last().contains(QStringLiteral("Totaux")));
         QVERIFY(p.last().contains(QStringLiteral("Nombre de contrats : 2 000")));
