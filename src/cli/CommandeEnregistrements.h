@@ -16,14 +16,16 @@ class CommandeEnregistrements : public Commande
 public:
     int executer(Contexte& contexte, const QStringList& liste) final;
 
+    // A current-generation document, with its password when it is protected. Nothing is
+    // written, and the pages are not checked (preparerEcriture does before a write). The
+    // commands that only read a document use it too.
+    static bool documentAccessible(Contexte& contexte, const QString& chemin, int* code);
+
 protected:
     // The sub-commands, in the order the usage lists them.
     virtual QStringList actions() const = 0;
     virtual int executerAction(Contexte& contexte, const QString& action, const QStringList& arguments) = 0;
 
-    // A current-generation document, with its password when it is protected. Nothing is
-    // written, and the pages are not checked (preparerEcriture does before a write).
-    static bool documentAccessible(Contexte& contexte, const QString& chemin, int* code);
     // The upgrade pass, as at every opening by the program; called just before writing.
     static bool preparerEcriture(Contexte& contexte, const QString& chemin, int* code);
 

@@ -211,9 +211,8 @@ QDateTime Intermittent::retrouveDateOuvertureDroitsUtilisateur()
                                                  "u_periode_en_cours = p_id WHERE utilisateur.u_id=1;"));
 }
 
-QDate Intermittent::retrouveDateFinDePeriodeEnCours()
+int Intermittent::allongementPRA()
 {
-    allongementPeriodeDeReference = 0;
     const QDate debut = Dates::depuisSQLite(m_db.texte(
         "SELECT p_date_debut FROM periodes JOIN utilisateur ON u_periode_en_cours = p_id WHERE utilisateur.u_id=1;"));
     const QDate fin = Dates::depuisSQLite(m_db.texte(
@@ -225,11 +224,18 @@ QDate Intermittent::retrouveDateFinDePeriodeEnCours()
         m_db.entier(QStringLiteral("SELECT COUNT(*) AS nombreSS FROM securitesociale WHERE (ss_debut BETWEEN "
                                    "'%1' AND '%2');")
                         .arg(Dates::versSQLite(ouverture), Dates::versSQLite(fin)));
-    if (nombre >= 1)
-        allongementPeriodeDeReference =
-            int(m_db.entier(QStringLiteral("SELECT SUM(ss_incidence_periode) AS incidencePeriode FROM "
-                                           "securitesociale WHERE (ss_debut BETWEEN '%1' AND '%2');")
-                                .arg(Dates::versSQLite(debut), Dates::versSQLite(fin))));
+    if (nombre < 1)
+        return 0;
+    return int(m_db.entier(QStringLiteral("SELECT SUM(ss_incidence_periode) AS incidencePeriode FROM "
+                                          "securitesociale WHERE (ss_debut BETWEEN '%1' AND '%2');")
+                               .arg(Dates::versSQLite(debut), Dates::versSQLite(fin))));
+}
+
+QDate Intermittent::retrouveDateFinDePeriodeEnCours()
+{
+    allongementPeriodeDeReference = allongementPRA();
+    const QDate fin = Dates::depuisSQLite(m_db.texte(
+        "SELECT p_date_fin FROM periodes JOIN utilisateur ON u_periode_en_cours = p_id WHERE utilisateur.u_id=1;"));
     if (allongementPeriodeDeReference < 1 || !fin.isValid())
         return fin;
     return fin.addDays(allongementPeriodeDeReference);

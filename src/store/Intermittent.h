@@ -75,6 +75,8 @@ public:
     // the stretch in days is kept in allongementPeriodeDeReference.
     QDate retrouveDateFinDePeriodeEnCours();
     int allongementPeriodeDeReference = 0;
+    // That stretch alone, in days (0 without any sickness-type leave since the opening).
+    int allongementPRA();
     double retrouveTauxValideUtilisateur();
     QDate retrouveDateNaissanceUtilisateur();
     QString retrouveNomUtilisateur();

@@ -44,6 +44,7 @@ const QList<Definition>& definitions()
         {C::ContratsSens, "Contrats_Sens", QStringLiteral("ASC")},
         {C::ContratsColonnes, "Contrats_Colonnes", QByteArray()}, // the list's header state
         {C::TdbSens, "TDB_Sens", QStringLiteral("ASC")},
+        {C::PoleEmploiHistoriqueSens, "PoleEmploiHistorique_Sens", QStringLiteral("ASC")},
         {C::ContratsImpressionsListe, "Contrats_ImpressionsListe", true},
         {C::TdbImpressionsCompteRendu, "TDB_ImpressionsCompteRendu", true},
         {C::ProfilImpressionsPhoto, "Profil_ImpressionsPhoto", true},

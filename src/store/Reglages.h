@@ -41,6 +41,7 @@ public:
         ContratsSens,
         ContratsColonnes,
         TdbSens,
+        PoleEmploiHistoriqueSens,
         ContratsImpressionsListe,
         TdbImpressionsCompteRendu,
         ProfilImpressionsPhoto,

@@ -1,0 +1,98 @@
+// `heures FICHIER --du D --au D [--mode M] [--contrats C]`: the hours count of a span.
+
+#include "cli/CommandeEnregistrements.h"
+#include "cli/Commandes.h"
+
+#include "store/Dates.h"
+#include "unemployment/ComptageHeures.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace corvane::cli {
+
+namespace {
+
+const QStringList& modes()
+{
+    static const QStringList liste{"simulation", "analyses", "contrats"};
+    return liste;
+}
+
+// In the order of ComptageHeures::conditionsDesContrats.
+const QStringList& choixContrats()
+{
+    static const QStringList liste{"tous", "effectues", "planifies"};
+    return liste;
+}
+
+class CommandeHeures : public Commande
+{
+public:
+    QString nom() const override { return QStringLiteral("heures"); }
+    QString usage() const override
+    {
+        return QStringLiteral("heures FICHIER --du AAAA-MM-JJ --au AAAA-MM-JJ [--mode simulation|analyses|contrats] "
+                              "[--contrats tous|effectues|planifies]");
+    }
+
+    int executer(Contexte& contexte, const QStringList& liste) override
+    {
+        Arguments arguments;
+        int code = Succes;
+        if (!analyser(contexte, arguments, liste, {{"du"}, {"au"}, {"mode"}, {"contrats"}}, 1, &code))
+            return code;
+        if (!arguments.exiger({"du", "au"}))
+            return mauvaisUsage(contexte, arguments.erreur());
+        const QString mode = arguments.valeur("mode", QStringLiteral("simulation"));
+        if (!modes().contains(mode))
+            return mauvaisUsage(contexte,
+                                QStringLiteral("mode inconnu : « %1 » (choix : %2)").arg(mode, modes().join(", ")));
+        const QString contrats = arguments.valeur("contrats", QStringLiteral("tous"));
+        const int choix = int(choixContrats().indexOf(contrats));
+        if (choix < 0)
+            return mauvaisUsage(contexte, QStringLiteral("choix de contrats inconnu : « %1 » (choix : %2)")
+                                              .arg(contrats, choixContrats().join(", ")));
+        const auto du = arguments.date("du");
+        const auto au = arguments.date("au");
+        if (arguments.enErreur())
+            return mauvaisUsage(contexte, arguments.erreur());
+        if (*au < *du)
+            return mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
+        const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
+        if (!CommandeEnregistrements::documentAccessible(contexte, chemin, &code))
+            return code;
+
+        ComptageHeures comptage(chemin);
+        const TableauHeures heures =
+            comptage.compteHeuresParEmploiEtParType(mode, *du, *au, ComptageHeures::conditionsDesContrats().at(choix));
+        const int heuresParJour = comptage.retrouveHeuresParJour();
+
+        if (contexte.json) {
+            QJsonArray tableau;
+            for (const int h : heures)
+                tableau.append(h);
+            ecrireJson(contexte, {{"heures", tableau}, {"heuresParJour", heuresParJour}});
+            return Succes;
+        }
+        contexte.sortie << "Heures du " << Dates::versAffichage(*du) << " au " << Dates::versAffichage(*au) << " (mode "
+                        << mode << ", contrats : " << contrats << ")\n";
+        const QStringList emplois{"Artiste", "Ouvrier", "Technicien"};
+        for (int i = 0; i < emplois.size(); ++i)
+            contexte.sortie << "  " << emplois.at(i) << " : prestations " << heures[3 * i] << ", enseignements "
+                            << heures[3 * i + 1] << ", formations " << heures[3 * i + 2] << '\n';
+        contexte.sortie << "  Arrêts (maladie, maternité…) : " << heures[9] << '\n'
+                        << "Heures par jour travaillé : " << heuresParJour << Qt::endl;
+        return Succes;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Commande> commandeHeures()
+{
+    return std::make_unique<CommandeHeures>();
+}
+
+} // namespace corvane::cli

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "unemployment/ComptageHeures.h"
+
+namespace corvane {
+
+// The monthly declaration: the days of a calendar month that the allowance pays, and the
+// values of the current period and of the profile that the monthly estimate reads.
+class ActualisationMensuelle : public ComptageHeures
+{
+public:
+    explicit ActualisationMensuelle(const QString& chemin = QString()) : ComptageHeures(chemin) {}
+    explicit ActualisationMensuelle(BaseDeDonnees& connexion) : ComptageHeures(connexion) {}
+
+    // The month's length, less the days before the opening of rights and after today when
+    // they fall in it, less the days that the month's carried-out work offsets. May be negative.
+    int nombreJoursIndemnisesDansLeMois(int mois, int annee);
+    // Days offset by H hours of work under the 2016 rules: floor(H ÷ 10 × 1.3) for "Artiste",
+    // floor(H ÷ 8 × 1.4) for "Ouvrier" and "Technicien", 0 for any other profession.
+    static int joursNonCompensesPourTravail(const QString& profession, int heures);
+
+    int retrouveCongesPeriodeEnCoursWithId(int id);
+    int retrouveFranchiseSalairesPeriodeEnCoursWithId(int id);
+    double retrouvePAS();
+    bool isAnneeBlancheActive();
+};
+
+} // namespace corvane
