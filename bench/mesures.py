@@ -3,22 +3,18 @@
 sqlite3 running the same statements, its peak memory, and the desktop program's start-up to
 its first painted window with its peak memory.
 
-    python3 bench/mesures.py [BUILD_DIR]        (default: build)
+    python3 bench/mesures.py [--liste] [--tours N] [BUILD_DIR]        (default: build)
 
-Each figure is the median of five runs (wall time) and the largest resident size seen.
+Each figure is the median of N runs (five by default) of wall time, and the largest resident
+size seen. --liste measures the command line's JSON listing alone.
 """
+import argparse
 import os
-import resource
 import statistics
 import subprocess
-import sys
 import tempfile
 import time
 
-BUILD = sys.argv[1] if len(sys.argv) > 1 else "build"
-GENERE = os.path.join(BUILD, "bench", "corvane-genere")
-CLI = os.path.join(BUILD, "src", "cli", "corvane-cli")
-CORVANE = os.path.join(BUILD, "src", "app", "corvane")
 TOURS = 5
 
 # What `contrat lister --json` runs for "tous": the jobs, the listing, the grouped count, the totals.
@@ -38,8 +34,8 @@ SELECT SUM(c_nbre_heures), SUM(c_nbre_jours), SUM(c_salaire_brut), SUM(c_salaire
 
 
 def mesurer(commande, env=None, attendre=None):
-    """Wall time of one run, and the child's peak resident size in MB (this run alone)."""
-    avant = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
+    """Wall time of one run, and the child's peak resident size in MB (this run alone: the
+    children's overall figure would hide any run smaller than an earlier one)."""
     debut = time.perf_counter()
     if attendre:
         p = subprocess.Popen(commande, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, env=env, text=True)
@@ -49,12 +45,15 @@ def mesurer(commande, env=None, attendre=None):
                 break
         else:
             raise SystemExit("le programme s'est arrêté sans peindre sa fenêtre")
-        p.wait()
+        _, statut, usage = os.wait4(p.pid, 0)
     else:
-        subprocess.run(commande, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=env, check=True)
+        p = subprocess.Popen(commande, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=env)
+        _, statut, usage = os.wait4(p.pid, 0)
         duree = time.perf_counter() - debut
-    pic = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
-    return duree, (pic if pic > avant else 0) / 1024
+    p.returncode = os.waitstatus_to_exitcode(statut)
+    if not attendre and p.returncode != 0:
+        raise subprocess.CalledProcessError(p.returncode, commande)
+    return duree, usage.ru_maxrss / 1024
 
 
 def serie(commande, env=None, attendre=None):
@@ -67,18 +66,31 @@ def serie(commande, env=None, attendre=None):
 
 
 def main():
+    global TOURS
+    arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    arguments.add_argument("build", nargs="?", default="build")
+    arguments.add_argument("--liste", action="store_true", help="the JSON listing alone")
+    arguments.add_argument("--tours", type=int, default=TOURS, help="runs per figure")
+    options = arguments.parse_args()
+    TOURS = options.tours
+    genere = os.path.join(options.build, "bench", "corvane-genere")
+    ligne_de_commande = os.path.join(options.build, "src", "cli", "corvane-cli")
+    corvane = os.path.join(options.build, "src", "app", "corvane")
+
     with tempfile.TemporaryDirectory() as dossier:
         documents = {}
-        for n in (5000, 20000, 50000):
+        for n in (5000, 20000) if options.liste else (5000, 20000, 50000):
             documents[n] = os.path.join(dossier, f"carriere-{n}.cv4")
-            subprocess.run([GENERE, "--contrats", str(n), documents[n]], stdout=subprocess.DEVNULL, check=True)
+            subprocess.run([genere, "--contrats", str(n), documents[n]], stdout=subprocess.DEVNULL, check=True)
 
-        cli, cli_pic = serie([CLI, "--json", "contrat", "lister", documents[5000]])
+        cli, cli_pic = serie([ligne_de_commande, "--json", "contrat", "lister", documents[5000]])
         sql, _ = serie(["sqlite3", "-json", documents[5000], REQUETES])
         print(f"contrat lister --json, 5 000 contrats : {cli * 1000:.0f} ms (sqlite3 -json : {sql * 1000:.0f} ms, "
               f"rapport {cli / sql:.2f})")
-        _, pic = serie([CLI, "--json", "contrat", "lister", documents[20000]])
+        _, pic = serie([ligne_de_commande, "--json", "contrat", "lister", documents[20000]])
         print(f"contrat lister --json, 20 000 contrats : pic mémoire {pic:.0f} Mo")
+        if options.liste:
+            return
 
         # A throwaway home whose settings open the contracts section, the heaviest at start-up.
         maison = os.path.join(dossier, "maison")
@@ -88,7 +100,7 @@ def main():
         env = dict(os.environ, HOME=maison, XDG_CONFIG_HOME=os.path.join(maison, ".config"),
                    CORVANE_MESURE_DEMARRAGE="1", QT_QPA_PLATFORM=os.environ.get("QT_QPA_PLATFORM", "offscreen"))
         for n in (5000, 50000):
-            duree, pic = serie([CORVANE, documents[n]], env, attendre="peinte")
+            duree, pic = serie([corvane, documents[n]], env, attendre="peinte")
             nombre = f"{n:,}".replace(",", " ")
             print(f"corvane, {nombre} contrats : première fenêtre peinte en {duree * 1000:.0f} ms, "
                   f"pic mémoire {pic:.0f} Mo")

@@ -44,19 +44,23 @@ protected:
             return e.code == MauvaisUsage ? mauvaisUsage(contexte, e.message) : echec(contexte, e.message);
 
         // A document not yet upgraded lacks the screen's columns: the model's own listing is given then.
-        const Table table = contrats.listeLesContrats(filtre, contrats.aLesColonnesEcran());
-
+        const bool colonnesEcran = contrats.aLesColonnesEcran();
         if (contexte.json) {
-            FluxJson(contexte.sortie)
-                .ecrireObjet(
-                    {{"contrats", {}, &table},
-                     {"totaux", QJsonObject{{"nombrePeriodesGroupees", qint64(contrats.nombrePeriodesGroupees)},
-                                            {"totalHeures", qint64(contrats.totalHeures)},
-                                            {"totalJours", qint64(contrats.totalJours)},
-                                            {"totalBruts", contrats.totalBruts},
-                                            {"totalNets", contrats.totalNets}}}});
+            // The rows are written as they are read; the totals are known after the last one.
+            const std::unique_ptr<LectureListe> lecture = contrats.lisLesContrats(filtre, colonnesEcran);
+            FluxJson json(contexte.sortie);
+            json.ouvrirObjet();
+            json.ecrireMembre(QStringLiteral("contrats"), *lecture);
+            json.ecrireMembre(QStringLiteral("totaux"),
+                              QJsonObject{{"nombrePeriodesGroupees", qint64(contrats.nombrePeriodesGroupees)},
+                                          {"totalHeures", qint64(contrats.totalHeures)},
+                                          {"totalJours", qint64(contrats.totalJours)},
+                                          {"totalBruts", contrats.totalBruts},
+                                          {"totalNets", contrats.totalNets}});
+            json.fermerObjet();
             return Succes;
         }
+        const Table table = contrats.listeLesContrats(filtre, colonnesEcran);
         const int id = table.colonne("Id Contrat"), debut = table.colonne("Date Debut"),
                   fin = table.colonne("Date Fin"), employeur = table.colonne("Employeur"),
                   emploi = table.colonne("Emploi"), jours = table.colonne("Jours"), heures = table.colonne("Heures"),

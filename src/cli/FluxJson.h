@@ -1,11 +1,12 @@
 #pragma once
 
 #include "store/BaseDeDonnees.h"
+#include "store/LectureListe.h"
 
-#include <QByteArray>
 #include <QJsonValue>
 #include <QList>
 #include <QPair>
+#include <string>
 
 class QTextStream;
 
@@ -31,17 +32,33 @@ public:
     // The whole document: an object with these members (sorted here).
     void ecrireObjet(QList<Membre> membres);
 
+    // The same object member by member, for a value known only once the members before
+    // it are written (a listing's totals after its rows): the keys come in sorted order.
+    void ouvrirObjet();
+    void ecrireMembre(const QString& cle, const QJsonValue& valeur);
+    void ecrireMembre(const QString& cle, const Table& table);
+    // The rows as they are read, none of them kept.
+    void ecrireMembre(const QString& cle, LectureListe& lecture);
+    void fermerObjet();
+
     // A listing value as JSON: single-precision amounts keep the digits they hold.
-    static void ecrireValeurTable(QByteArray& tampon, const QVariant& valeur);
+    static void ecrireValeurTable(std::string& tampon, const QVariant& valeur);
+    // The same for a cell read in place.
+    static void ecrireCellule(std::string& tampon, const Cellule& cellule);
 
 private:
+    void commencerMembre(const QString& cle);
     void ecrireValeur(const QJsonValue& valeur, int niveau);
+    // Each key's line start ("        \"Cle\": ") in QJsonObject's order, and the column it shows.
+    static QList<QPair<int, std::string>> prefixesDesCles(const QStringList& cles, int niveau);
     void ecrireTable(const Table& table, int niveau);
-    void ecrireTexte(const QString& texte);
+    void ecrireLecture(LectureListe& lecture, int niveau);
     void vider(bool toutDeSuite = false);
 
     QTextStream& m_sortie;
-    QByteArray m_tampon;
+    std::string m_tampon;
+    int m_membres = 0;
+    QString m_derniereCle;
 };
 
 } // namespace corvane::cli

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "store/Intermittent.h"
+#include "store/LectureListe.h"
 
 #include <QList>
 #include <QStringList>
+#include <memory>
 #include <optional>
 
 namespace corvane {
@@ -103,6 +105,8 @@ public:
     // The screen's listing adds "Guso", "Annee Encaissement", "Lieu", "Id Frais Lie",
     // "AEM - FP" and "PAS" to the model's keys.
     Table listeLesContrats(const FiltreContrats& filtre, bool colonnesEcran = true);
+    // The same rows one at a time, never all held; the aggregates are set once the last is read.
+    std::unique_ptr<LectureListe> lisLesContrats(const FiltreContrats& filtre, bool colonnesEcran = true);
     static const QStringList& clesListe(bool colonnesEcran);
     // The pieces of a listing, on their own.
     QString construitClauseWhere(const FiltreContrats& filtre);
@@ -135,9 +139,10 @@ public:
                                          const QDate& fin);
 
 private:
+    friend class LecteurContrats;
+
     // The 23 values of the screen's statements, in their column order.
     static QVariantList valeursEcran(const Contrat& contrat);
-    QVariantList valeursDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const;
     void calculeLesTotaux(const QString& tri);
 };
 

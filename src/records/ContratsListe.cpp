@@ -3,6 +3,7 @@
 
 #include "records/Contrats.h"
 
+#include "records/LecteurContrats.h"
 #include "store/Dates.h"
 
 namespace corvane {
@@ -52,8 +53,8 @@ std::pair<QDate, QDate> Contrats::bornesDuFiltre(const FiltreContrats& filtre)
         return {retrouveDateOuvertureDroits().date(), retrouveDateFinDePeriodeEnCours()};
     if (filtre.periode == QStringLiteral("annee")) {
         // The same expressions as the listing's: SQLite's clock, and the next 1 January included.
-        const Lignes l = m_db.lignes(
-            "SELECT date('now', 'start of year') AS du, date('now', 'start of year', '+1 year') AS au;");
+        const Lignes l =
+            m_db.lignes("SELECT date('now', 'start of year') AS du, date('now', 'start of year', '+1 year') AS au;");
         return {Dates::depuisSQLite(l.value(0).value("du").toString()),
                 Dates::depuisSQLite(l.value(0).value("au").toString())};
     }
@@ -104,33 +105,15 @@ QString Contrats::construitClauseWhere(const FiltreContrats& filtre)
 
 const QStringList& Contrats::clesListe(bool colonnesEcran)
 {
-    static const QStringList modele{"Id Contrat",
-                                    "Date Debut",
-                                    "Date Fin",
-                                    "Date Debut SQLite",
-                                    "Date Fin SQLite",
-                                    "Emploi",
-                                    "Jours",
-                                    "Id Employeur",
-                                    "Heures",
-                                    "Salaire Brut",
-                                    "Salaire Net",
-                                    "Employeur",
-                                    "Liste Dates",
-                                    "Abattement",
-                                    "Effectue",
-                                    "Paye",
-                                    "Note",
-                                    "Type",
-                                    "Fonction",
-                                    "Conges"};
-    // The screen also shows the employer's Guso flag and the linked expenses.
-    static const QStringList ecran =
-        modele + QStringList{"Guso", "Annee Encaissement", "Lieu", "Id Frais Lie", "AEM - FP", "PAS"};
-    return colonnesEcran ? ecran : modele;
+    return LecteurContrats::clesListe(colonnesEcran);
 }
 
 Table Contrats::listeLesContrats(const FiltreContrats& filtre, bool colonnesEcran)
+{
+    return lireLaListe(*lisLesContrats(filtre, colonnesEcran));
+}
+
+std::unique_ptr<LectureListe> Contrats::lisLesContrats(const FiltreContrats& filtre, bool colonnesEcran)
 {
     clauseWhere = construitClauseWhere(filtre);
     const QString tri = ordreDeTri(filtre.sens, filtre.sensPrefere);
@@ -149,38 +132,17 @@ Table Contrats::listeLesContrats(const FiltreContrats& filtre, bool colonnesEcra
             emplois.insert(int(r.entier(0)), r.texte(1));
     }
 
-    Table table{clesListe(colonnesEcran), {}};
     // The links are grouped once and joined: `contrats_frais` has no index, and a
     // lookup per contract would scan it once per row.
     const QString liens = colonnesEcran ? QStringLiteral(" LEFT JOIN (SELECT contrat_id, GROUP_CONCAT(frais_id) AS "
                                                          "frais FROM contrats_frais GROUP BY contrat_id) AS liens ON "
                                                          "liens.contrat_id = contrats.c_id")
                                         : QString();
-    Requete r(m_db, QStringLiteral("SELECT %1 FROM contrats JOIN employeurs ON c_employeur_id = employeurs.e_id%2 "
-                                   "WHERE (%3)%4;")
-                        .arg(colonnes, liens, clauseWhere, tri));
-    while (r.suivante())
-        table.rangees << valeursDepuis(r, colonnesEcran, emplois);
-
-    calculeLesTotaux(tri);
-    return table;
-}
-
-QVariantList Contrats::valeursDepuis(const Requete& r, bool colonnesEcran, const QMap<int, QString>& emplois) const
-{
-    QVariantList valeurs;
-    valeurs.reserve(colonnesEcran ? 26 : 20);
-    const QString debut = r.texte(1);
-    const QString fin = r.texte(2);
-    valeurs << int(r.entier(9)) << Dates::versAffichage(Dates::depuisSQLite(debut))
-            << Dates::versAffichage(Dates::depuisSQLite(fin)) << debut << fin << emplois.value(int(r.entier(3)))
-            << int(r.entier(5)) << int(r.entier(0)) << int(r.entier(4)) << float(r.reel(6)) << float(r.reel(7))
-            << r.texte(8) << r.texte(10) << int(r.entier(11)) << int(r.entier(12)) << int(r.entier(13)) << r.texte(14)
-            << int(r.entier(15)) << r.texte(16) << int(r.entier(17));
-    if (colonnesEcran)
-        valeurs << int(r.entier(18)) << int(r.entier(19)) << r.texte(20) << r.texte(21)
-                << (r.estNul(22) ? 1 : int(r.entier(22))) << r.reel(23);
-    return valeurs;
+    return std::make_unique<LecteurContrats>(
+        *this,
+        QStringLiteral("SELECT %1 FROM contrats JOIN employeurs ON c_employeur_id = employeurs.e_id%2 WHERE (%3)%4;")
+            .arg(colonnes, liens, clauseWhere, tri),
+        colonnesEcran, emplois, tri);
 }
 
 void Contrats::calculeLesTotaux(const QString& tri)

@@ -366,6 +366,14 @@ QString Requete::texte(int colonne) const
     return decodeur.decode(QByteArrayView(t, taille));
 }
 
+QByteArrayView Requete::octets(int colonne) const
+{
+    if (!m_stmt)
+        return {};
+    const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(m_stmt, colonne));
+    return t ? QByteArrayView(t, sqlite3_column_bytes(m_stmt, colonne)) : QByteArrayView();
+}
+
 QVariant Requete::valeur(int colonne) const
 {
     if (!m_stmt)

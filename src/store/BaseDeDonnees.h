@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -130,6 +131,8 @@ public:
     qint64 entier(int colonne) const;
     double reel(int colonne) const;
     QString texte(int colonne) const;
+    // The stored text's UTF-8 bytes in place, unchecked; null for NULL. Valid until the next step.
+    QByteArrayView octets(int colonne) const;
     QVariant valeur(int colonne) const;
     Ligne ligne() const;
 
