@@ -22,6 +22,7 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeHeures());
     liste.push_back(commandeJoursIndemnises());
     liste.push_back(commandeVersementAre());
+    liste.push_back(commandeMaladie());
     return liste;
 }
 

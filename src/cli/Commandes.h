@@ -22,6 +22,7 @@ std::unique_ptr<Commande> commandePeriodeReference();
 std::unique_ptr<Commande> commandeHeures();
 std::unique_ptr<Commande> commandeJoursIndemnises();
 std::unique_ptr<Commande> commandeVersementAre();
+std::unique_ptr<Commande> commandeMaladie();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();
