@@ -69,4 +69,40 @@ inline QByteArray texteTable(const Table& table)
     return (lignes.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8();
 }
 
+// Rows keyed by name as text: the keys of the first row, then one line per row.
+inline QByteArray texteLignes(const Lignes& lignes)
+{
+    Table table;
+    if (!lignes.isEmpty())
+        table.cles = lignes.first().keys();
+    for (const Ligne& ligne : lignes) {
+        QVariantList rangee;
+        for (const QString& cle : table.cles)
+            rangee << ligne.value(cle);
+        table.rangees << rangee;
+    }
+    return texteTable(table);
+}
+
+// The rows a query gives, with its column names first: NULL shows as NULL, an empty text as nothing.
+inline QByteArray texteRequete(const QString& chemin, const QString& sql)
+{
+    BaseDeDonnees base;
+    if (!base.ouvrirEnLecture(chemin))
+        return "<illisible>";
+    Requete r(base, sql);
+    QStringList lignes;
+    while (r.suivante()) {
+        QStringList valeurs, noms;
+        for (int i = 0; i < r.nombreColonnes(); ++i) {
+            noms << r.nomColonne(i);
+            valeurs << (r.estNul(i) ? QStringLiteral("NULL") : r.texte(i));
+        }
+        if (lignes.isEmpty())
+            lignes << noms.join(QLatin1Char('|'));
+        lignes << valeurs.join(QLatin1Char('|'));
+    }
+    return (lignes.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8();
+}
+
 } // namespace corvane::test
