@@ -175,24 +175,15 @@ private slots:
     {
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QString>("stocke"); // c_salaire_brut, "" when nothing may be saved
-        QTest::newRow("German grouping") << "1.977,00"
-                                         << "";
-        QTest::newRow("letters O for zeros") << "15OO"
-                                             << "";
-        QTest::newRow("a word") << "abc"
-                                << "";
-        QTest::newRow("exponent") << "1e308"
-                                  << "";
-        QTest::newRow("beyond a hundred million") << "100 000 000,01"
-                                                  << "";
-        QTest::newRow("grouped, decimal comma") << "1 977,00"
-                                                << "1977.0";
-        QTest::newRow("one decimal") << "1977,5"
-                                     << "1977.5";
-        QTest::newRow("decimal point") << "1977.5"
-                                       << "1977.5";
-        QTest::newRow("euro sign") << "1 977,50 €"
-                                   << "1977.5";
+        cas("German grouping", "1.977,00", "");
+        cas("letters O for zeros", "15OO", "");
+        cas("a word", "abc", "");
+        cas("exponent", "1e308", "");
+        cas("beyond a hundred million", "100 000 000,01", "");
+        cas("grouped, decimal comma", "1 977,00", "1977.0");
+        cas("one decimal", "1977,5", "1977.5");
+        cas("decimal point", "1977.5", "1977.5");
+        cas("euro sign", "1 977,50 €", "1977.5");
     }
 
     void montantSaisi()
@@ -293,13 +284,10 @@ private slots:
         QTest::addColumn<QDate>("nouveauDebut");
         QTest::addColumn<QDate>("fin");
         QTest::addColumn<int>("heures");
-        QTest::newRow("template without hours") << 0 << QDate() << QDate(2024, 5, 2) << QDate(2024, 5, 6) << 0;
-        QTest::newRow("template length follows the start")
-            << 35 << QDate() << QDate(2024, 5, 2) << QDate(2024, 5, 6) << 35;
-        QTest::newRow("end picked by the user stays")
-            << 35 << QDate(2024, 3, 12) << QDate(2024, 3, 6) << QDate(2024, 3, 12) << 84;
-        QTest::newRow("start past the end picked: one day")
-            << 35 << QDate(2024, 3, 12) << QDate(2024, 3, 20) << QDate(2024, 3, 20) << 12;
+        cas("template without hours", 0, QDate(), QDate(2024, 5, 2), QDate(2024, 5, 6), 0);
+        cas("template length follows the start", 35, QDate(), QDate(2024, 5, 2), QDate(2024, 5, 6), 35);
+        cas("end picked by the user stays", 35, QDate(2024, 3, 12), QDate(2024, 3, 6), QDate(2024, 3, 12), 84);
+        cas("start past the end picked: one day", 35, QDate(2024, 3, 12), QDate(2024, 3, 20), QDate(2024, 3, 20), 12);
     }
 
     void modeleEtDateDeFin()
@@ -343,18 +331,12 @@ private slots:
         QTest::addColumn<QDate>("fin");
         QTest::addColumn<QString>("titre");
         QTest::addColumn<QString>("message");
-        QTest::newRow("29 days of Prestations")
-            << "Opéra"
-            << "Prestations" << QDate(2024, 3, 1) << QDate(2024, 3, 29) << "Nouveau contrat"
-            << "Vous ne pouvez pas déclarer plus de 28 jours de prestations dans le même mois.";
-        QTest::newRow("teaching across months")
-            << "Opéra"
-            << "Enseignements" << QDate(2024, 3, 30) << QDate(2024, 4, 2) << "Nouveau contrat"
-            << "Vous ne pouvez déclarer des heures d'enseignement que sur un même mois.";
-        QTest::newRow("no employer") << ""
-                                     << "Prestations" << QDate(2024, 3, 1) << QDate(2024, 3, 1)
-                                     << "Gestion des contrats"
-                                     << "Veuillez choisir un employeur avant d'enregistrer votre contrat.";
+        cas("29 days of Prestations", "Opéra", "Prestations", QDate(2024, 3, 1), QDate(2024, 3, 29), "Nouveau contrat",
+            "Vous ne pouvez pas déclarer plus de 28 jours de prestations dans le même mois.");
+        cas("teaching across months", "Opéra", "Enseignements", QDate(2024, 3, 30), QDate(2024, 4, 2),
+            "Nouveau contrat", "Vous ne pouvez déclarer des heures d'enseignement que sur un même mois.");
+        cas("no employer", "", "Prestations", QDate(2024, 3, 1), QDate(2024, 3, 1), "Gestion des contrats",
+            "Veuillez choisir un employeur avant d'enregistrer votre contrat.");
     }
 
     void refus()

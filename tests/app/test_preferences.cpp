@@ -115,22 +115,14 @@ private slots:
         QTest::addColumn<QString>("nom");
         QTest::addColumn<QString>("ecrit");
         QTest::addColumn<bool>("cocheeAuDepart");
-        QTest::newRow("ouvrir au démarrage") << "prefsDemarrage"
-                                             << "0" << true;
-        QTest::newRow("dernière section") << "OpenLastTab"
-                                          << "false" << true;
-        QTest::newRow("assistant au démarrage") << "ShowAssistant"
-                                                << "1" << false;
-        QTest::newRow("préfixe") << "Configuration_FichierSauvegardePrefixe"
-                                 << "false" << true;
-        QTest::newRow("nom") << "Configuration_FichierSauvegardeNom"
-                             << "false" << true;
-        QTest::newRow("date") << "Configuration_FichierSauvegardeDate"
-                              << "false" << true;
-        QTest::newRow("sauvegarde proposée") << "Configuration_FichierSauvegardeAuto"
-                                             << "false" << true;
-        QTest::newRow("alertes") << "Configuration_ActiverAlertes"
-                                 << "false" << true;
+        cas("ouvrir au démarrage", "prefsDemarrage", "0", true);
+        cas("dernière section", "OpenLastTab", "false", true);
+        cas("assistant au démarrage", "ShowAssistant", "1", false);
+        cas("préfixe", "Configuration_FichierSauvegardePrefixe", "false", true);
+        cas("nom", "Configuration_FichierSauvegardeNom", "false", true);
+        cas("date", "Configuration_FichierSauvegardeDate", "false", true);
+        cas("sauvegarde proposée", "Configuration_FichierSauvegardeAuto", "false", true);
+        cas("alertes", "Configuration_ActiverAlertes", "false", true);
     }
 
     void casesACocher()
@@ -155,18 +147,10 @@ private slots:
         QTest::addColumn<QString>("nom");
         QTest::addColumn<QString>("frappe");
         QTest::addColumn<QString>("ecrit");
-        QTest::newRow("jours entre deux sauvegardes") << "Configuration_FichierSauvegardeJours"
-                                                      << "45"
-                                                      << "45";
-        QTest::newRow("début du rappel") << "Configuration_AlerteActualisationDebut"
-                                         << "25"
-                                         << "25";
-        QTest::newRow("fin du rappel") << "Configuration_AlerteActualisationFin"
-                                       << "5"
-                                       << "5";
-        QTest::newRow("un jour du mois au plus 31") << "Configuration_AlerteActualisationDebut"
-                                                    << "40"
-                                                    << "4";
+        cas("jours entre deux sauvegardes", "Configuration_FichierSauvegardeJours", "45", "45");
+        cas("début du rappel", "Configuration_AlerteActualisationDebut", "25", "25");
+        cas("fin du rappel", "Configuration_AlerteActualisationFin", "5", "5");
+        cas("un jour du mois au plus 31", "Configuration_AlerteActualisationDebut", "40", "4");
     }
 
     void compteurs()
@@ -190,21 +174,11 @@ private slots:
         QTest::addColumn<QString>("nom");
         QTest::addColumn<QString>("choix");
         QTest::addColumn<QString>("ecrit");
-        QTest::newRow("apparence sombre") << "Apparence"
-                                          << "Sombre"
-                                          << "sombre";
-        QTest::newRow("apparence claire") << "Apparence"
-                                          << "Claire"
-                                          << "clair";
-        QTest::newRow("date jour mois année") << "SaveDateFormat"
-                                              << "jour, mois, année (jjmmaaaa)"
-                                              << "1";
-        QTest::newRow("contrats après 15 jours") << "ContractsAlertRate"
-                                                 << "15 jours"
-                                                 << "1";
-        QTest::newRow("contrats après 2 mois") << "ContractsAlertRate"
-                                               << "2 mois"
-                                               << "3";
+        cas("apparence sombre", "Apparence", "Sombre", "sombre");
+        cas("apparence claire", "Apparence", "Claire", "clair");
+        cas("date jour mois année", "SaveDateFormat", "jour, mois, année (jjmmaaaa)", "1");
+        cas("contrats après 15 jours", "ContractsAlertRate", "15 jours", "1");
+        cas("contrats après 2 mois", "ContractsAlertRate", "2 mois", "3");
     }
 
     void listesDeroulantes()
@@ -232,11 +206,11 @@ private slots:
     {
         QTest::addColumn<int>("enregistre");
         QTest::addColumn<QString>("affiche");
-        QTest::newRow("0") << 0 << "7 jours";
-        QTest::newRow("2") << 2 << "1 mois";
-        QTest::newRow("3") << 3 << "2 mois";
-        QTest::newRow("7 compte comme 0") << 7 << "7 jours";
-        QTest::newRow("-1 compte comme 0") << -1 << "7 jours";
+        cas("0", 0, "7 jours");
+        cas("2", 2, "1 mois");
+        cas("3", 3, "2 mois");
+        cas("7 compte comme 0", 7, "7 jours");
+        cas("-1 compte comme 0", -1, "7 jours");
     }
 
     void delaiDesContrats()
@@ -258,13 +232,13 @@ private slots:
         QTest::addColumn<bool>("date");
         QTest::addColumn<int>("format");
         QTest::addColumn<QString>("attendu");
-        QTest::newRow("tout") << true << true << true << 0 << "Corvane_Dupont_20240312.cv4";
-        QTest::newRow("jour mois année") << true << true << true << 1 << "Corvane_Dupont_12032024.cv4";
-        QTest::newRow("sans préfixe") << false << true << true << 0 << "Dupont_20240312.cv4";
-        QTest::newRow("sans nom") << true << false << true << 0 << "Corvane_20240312.cv4";
-        QTest::newRow("sans date") << true << true << false << 0 << "Corvane_Dupont.cv4";
-        QTest::newRow("la date seule") << false << false << true << 0 << "20240312.cv4";
-        QTest::newRow("rien") << false << false << false << 0 << "sauvegarde.cv4";
+        cas("tout", true, true, true, 0, "Corvane_Dupont_20240312.cv4");
+        cas("jour mois année", true, true, true, 1, "Corvane_Dupont_12032024.cv4");
+        cas("sans préfixe", false, true, true, 0, "Dupont_20240312.cv4");
+        cas("sans nom", true, false, true, 0, "Corvane_20240312.cv4");
+        cas("sans date", true, true, false, 0, "Corvane_Dupont.cv4");
+        cas("la date seule", false, false, true, 0, "20240312.cv4");
+        cas("rien", false, false, false, 0, "sauvegarde.cv4");
     }
 
     void apercuDuNomDeSauvegarde()

@@ -61,13 +61,12 @@ private slots:
     {
         QTest::addColumn<QStringList>("commande");
         QTest::addColumn<QString>("verrou"); // what the other program holds
-        QTest::newRow("info") << QStringList{"info"} << "BEGIN EXCLUSIVE;";
-        QTest::newRow("a records command") << QStringList{"employeur", "lister"} << "BEGIN EXCLUSIVE;";
+        cas("info", QStringList{"info"}, "BEGIN EXCLUSIVE;");
+        cas("a records command", QStringList{"employeur", "lister"}, "BEGIN EXCLUSIVE;");
         // A long reader lets the document be read and checked: the refusal comes when the
         // profile's write is committed.
-        QTest::newRow("profil modifier under a reader")
-            << QStringList{"profil", "modifier", "--nom", "Durand", "--commune", "Lyon"}
-            << "BEGIN; SELECT COUNT(*) FROM utilisateur;";
+        cas("profil modifier under a reader", QStringList{"profil", "modifier", "--nom", "Durand", "--commune", "Lyon"},
+            "BEGIN; SELECT COUNT(*) FROM utilisateur;");
     }
 
     void occupe()
@@ -109,10 +108,10 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("code");
         QTest::addColumn<bool>("comptes");
-        QTest::newRow("ouvrir without the password") << QStringList{"ouvrir"} << 1 << false;
-        QTest::newRow("ouvrir with a wrong one") << QStringList{"--mot-de-passe", "faux", "ouvrir"} << 1 << false;
-        QTest::newRow("info with a wrong one") << QStringList{"--mot-de-passe", "faux", "info"} << 0 << false;
-        QTest::newRow("info with the right one") << QStringList{"--mot-de-passe", "sésame", "info"} << 0 << true;
+        cas("ouvrir without the password", QStringList{"ouvrir"}, 1, false);
+        cas("ouvrir with a wrong one", QStringList{"--mot-de-passe", "faux", "ouvrir"}, 1, false);
+        cas("info with a wrong one", QStringList{"--mot-de-passe", "faux", "info"}, 0, false);
+        cas("info with the right one", QStringList{"--mot-de-passe", "sésame", "info"}, 0, true);
     }
 
     void documentProtege()
@@ -162,9 +161,8 @@ private slots:
     {
         QTest::addColumn<QStringList>("commande");
         QTest::addColumn<int>("code");
-        QTest::newRow("contrat lister") << QStringList{"contrat", "lister"} << 0;
-        QTest::newRow("employeur ajouter")
-            << QStringList{"employeur", "ajouter", "--nom", "Opéra", "--commune", "Lyon"} << 1;
+        cas("contrat lister", QStringList{"contrat", "lister"}, 0);
+        cas("employeur ajouter", QStringList{"employeur", "ajouter", "--nom", "Opéra", "--commune", "Lyon"}, 1);
     }
 
     void pageAbimee()
@@ -199,21 +197,19 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("cible");
         QTest::addColumn<QString>("message");
-        QTest::newRow("photo: missing file")
-            << QStringList{"profil", "modifier", "DOC", "--photo", "CIBLE"} << "absente.jpg"
-            << "la photo « CIBLE » est introuvable";
-        QTest::newRow("photo: a folder") << QStringList{"profil", "modifier", "DOC", "--photo", "CIBLE"} << "dossier"
-                                         << "n'est pas un fichier";
+        cas("photo: missing file", QStringList{"profil", "modifier", "DOC", "--photo", "CIBLE"}, "absente.jpg",
+            "la photo « CIBLE » est introuvable");
+        cas("photo: a folder", QStringList{"profil", "modifier", "DOC", "--photo", "CIBLE"}, "dossier",
+            "n'est pas un fichier");
         // Nothing of the profile is written when one of its fields cannot be.
-        QTest::newRow("profile: a field the document refuses")
-            << QStringList{"profil", "modifier", "DOC", "--nom", "Durand", "--commune", "Lyon"} << "refus"
-            << "Le profil n'a pas pu être enregistré : une valeur n'est pas acceptée par le fichier.";
-        QTest::newRow("backup: its temporary name taken") << QStringList{"sauvegarder", "DOC", "CIBLE"} << "prise.cv4"
-                                                          << "le fichier ne peut pas être ouvert";
-        QTest::newRow("backup: no destination")
-            << QStringList{"sauvegarder", "DOC", ""} << QString() << "aucun fichier de destination";
-        QTest::newRow("backup: a pipe under that name") << QStringList{"sauvegarder", "DOC", "CIBLE"} << "tube.cv4"
-                                                        << "n'est pas un fichier ordinaire";
+        cas("profile: a field the document refuses",
+            QStringList{"profil", "modifier", "DOC", "--nom", "Durand", "--commune", "Lyon"}, "refus",
+            "Le profil n'a pas pu être enregistré : une valeur n'est pas acceptée par le fichier.");
+        cas("backup: its temporary name taken", QStringList{"sauvegarder", "DOC", "CIBLE"}, "prise.cv4",
+            "le fichier ne peut pas être ouvert");
+        cas("backup: no destination", QStringList{"sauvegarder", "DOC", ""}, QString(), "aucun fichier de destination");
+        cas("backup: a pipe under that name", QStringList{"sauvegarder", "DOC", "CIBLE"}, "tube.cv4",
+            "n'est pas un fichier ordinaire");
     }
 
     void refusEnFrancais()

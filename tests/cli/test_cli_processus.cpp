@@ -56,24 +56,18 @@ private slots:
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("sortie");  // what stdout starts with
         QTest::addColumn<QString>("erreurs"); // what stderr starts with
-        QTest::newRow("help") << "\"$0\" --aide" << 0 << "usage : corvane-cli"
-                              << "";
-        QTest::newRow("no command") << "\"$0\"" << 2 << ""
-                                    << "usage : corvane-cli";
-        QTest::newRow("info in JSON") << "\"$0\" --json info \"$1/doc.cv4\"" << 0 << "{"
-                                      << "";
-        QTest::newRow("a listing") << "\"$0\" contrat lister \"$1/doc.cv4\"" << 0 << "Total : 0 contrat"
-                                   << "";
-        QTest::newRow("a missing document") << "\"$0\" info \"$1/absent.cv4\"" << 1 << ""
-                                            << "corvane-cli: ";
-        QTest::newRow("Latin-1 bytes") << "\"$0\" employeur ajouter \"$1/doc.cv4\" --nom \"$(printf 'Op\\351ra')\" "
-                                          "--commune Lyon"
-                                       << 2 << ""
-                                       << "corvane-cli: l'argument n° 5 n'est pas un texte UTF-8";
-        QTest::newRow("a byte-order mark kept")
-            << "\"$0\" employeur ajouter \"$1/doc.cv4\" --nom \"$(printf '\\357\\273\\277La Scala')\" --commune Milan"
-            << 0 << "Employeur enregistré"
-            << "";
+        cas("help", "\"$0\" --aide", 0, "usage : corvane-cli", "");
+        cas("no command", "\"$0\"", 2, "", "usage : corvane-cli");
+        cas("info in JSON", "\"$0\" --json info \"$1/doc.cv4\"", 0, "{", "");
+        cas("a listing", "\"$0\" contrat lister \"$1/doc.cv4\"", 0, "Total : 0 contrat", "");
+        cas("a missing document", "\"$0\" info \"$1/absent.cv4\"", 1, "", "corvane-cli: ");
+        cas("Latin-1 bytes",
+            "\"$0\" employeur ajouter \"$1/doc.cv4\" --nom \"$(printf 'Op\\351ra')\" "
+            "--commune Lyon",
+            2, "", "corvane-cli: l'argument n° 5 n'est pas un texte UTF-8");
+        cas("a byte-order mark kept",
+            "\"$0\" employeur ajouter \"$1/doc.cv4\" --nom \"$(printf '\\357\\273\\277La Scala')\" --commune Milan", 0,
+            "Employeur enregistré", "");
     }
 
     void sorties()

@@ -2,6 +2,7 @@
 
 // Helpers shared by the tests: documents made from fixtures, fingerprints and dumps.
 
+#include "commun/Cas.h"
 #include "store/BaseDeDonnees.h"
 #include "store/Document.h"
 #include "store/Fichiers.h"
@@ -78,6 +79,15 @@ inline QString ouvrirDocument(const QString& chemin)
 {
     DialoguesScriptes dialogues;
     return Fichiers().ouvertureSQLite(chemin, QString(), dialogues);
+}
+
+// The first value a query gives, as text.
+inline QString valeur(const QString& chemin, const QString& sql)
+{
+    BaseDeDonnees base;
+    if (!base.ouvrirEnLecture(chemin))
+        return QStringLiteral("<illisible>");
+    return base.texte(sql);
 }
 
 inline QByteArray empreinte(const QString& chemin)

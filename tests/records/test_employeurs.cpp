@@ -109,21 +109,11 @@ private slots:
         QTest::addColumn<QString>("codePostal");
         QTest::addColumn<QString>("commune");
         QTest::addColumn<QString>("refus");
-        QTest::newRow("same name, another town") << "Le Zèbre"
-                                                 << "75001"
-                                                 << "Lyon" << QString();
-        QTest::newRow("same name, another postal code") << "Le Zèbre"
-                                                        << "75002"
-                                                        << "Paris" << QString();
-        QTest::newRow("same name, postal code and town") << "Le Zèbre"
-                                                         << "75001"
-                                                         << "Paris" << Employeurs::messageExisteDeja();
-        QTest::newRow("another name") << "Le Zèbre d'or"
-                                      << "75001"
-                                      << "Paris" << QString();
-        QTest::newRow("no name") << "  "
-                                 << "75001"
-                                 << "Paris" << Employeurs::messageRaisonSocialeObligatoire();
+        cas("same name, another town", "Le Zèbre", "75001", "Lyon", QString());
+        cas("same name, another postal code", "Le Zèbre", "75002", "Paris", QString());
+        cas("same name, postal code and town", "Le Zèbre", "75001", "Paris", Employeurs::messageExisteDeja());
+        cas("another name", "Le Zèbre d'or", "75001", "Paris", QString());
+        cas("no name", "  ", "75001", "Paris", Employeurs::messageRaisonSocialeObligatoire());
     }
 
     void doublons()
@@ -168,11 +158,9 @@ private slots:
         QTest::addColumn<int>("contratsRestants");
         QTest::addColumn<int>("modelesRestants");
         // Templates: one naming the employer, one naming another.
-        QTest::newRow("no contracts: employer and its templates go, no question")
-            << false << "" << false << true << 1 << 1;
-        QTest::newRow("contracts, \"Tout\": contracts and employer go, templates stay")
-            << true << "Tout" << true << true << 1 << 2;
-        QTest::newRow("contracts, \"Rien\": nothing changes") << true << "Rien" << true << false << 3 << 2;
+        cas("no contracts: employer and its templates go, no question", false, "", false, true, 1, 1);
+        cas("contracts, \"Tout\": contracts and employer go, templates stay", true, "Tout", true, true, 1, 2);
+        cas("contracts, \"Rien\": nothing changes", true, "Rien", true, false, 3, 2);
     }
 
     void suppression()
@@ -249,8 +237,8 @@ private slots:
     void import_data()
     {
         QTest::addColumn<bool>("ancienneGeneration");
-        QTest::newRow("current document") << false;
-        QTest::newRow("generation 3, without the later columns") << true;
+        cas("current document", false);
+        cas("generation 3, without the later columns", true);
     }
 
     void import()
@@ -309,10 +297,10 @@ private slots:
     {
         QTest::addColumn<QString>("cas");
         QTest::addColumn<QString>("message");
-        QTest::newRow("the open document") << "ouvert" << Employeurs::messageFichierDejaOuvert();
-        QTest::newRow("the open document, another spelling") << "relatif" << Employeurs::messageFichierDejaOuvert();
-        QTest::newRow("not a document") << "texte" << Employeurs::messageFichierIllisible();
-        QTest::newRow("missing") << "absent" << Employeurs::messageFichierIllisible();
+        cas("the open document", "ouvert", Employeurs::messageFichierDejaOuvert());
+        cas("the open document, another spelling", "relatif", Employeurs::messageFichierDejaOuvert());
+        cas("not a document", "texte", Employeurs::messageFichierIllisible());
+        cas("missing", "absent", Employeurs::messageFichierIllisible());
     }
 
     void importRefuse()

@@ -103,11 +103,9 @@ private slots:
         QTest::addColumn<QString>("suppression");
         QTest::addColumn<QString>("desactivation");
         QTest::addColumn<QString>("modification");
-        QTest::newRow("the active period")
-            << true << "Cette période est en cours d'utilisation, vous ne pouvez pas la supprimer."
-            << "Au moins une période doit être active."
-            << "Vous allez modifier la période en cours d'utilisation...";
-        QTest::newRow("another period") << false << QString() << QString() << QString();
+        cas("the active period", true, "Cette période est en cours d'utilisation, vous ne pouvez pas la supprimer.",
+            "Au moins une période doit être active.", "Vous allez modifier la période en cours d'utilisation...");
+        cas("another period", false, QString(), QString(), QString());
     }
 
     void reglesDeGestion()
@@ -131,13 +129,13 @@ private slots:
         QTest::addColumn<int>("emploiId");
         QTest::addColumn<QDate>("fin");
         // Artists: 319 days before 1 August 2016, 366 from then on; the others: 304, then 366.
-        QTest::newRow("artist, 31 July 2016") << QDate(2016, 7, 31) << 1 << QDate(2016, 7, 31).addDays(318);
-        QTest::newRow("artist, 1 August 2016") << QDate(2016, 8, 1) << 1 << QDate(2017, 8, 1);
-        QTest::newRow("technician, 31 July 2016") << QDate(2016, 7, 31) << 3 << QDate(2016, 7, 31).addDays(303);
-        QTest::newRow("technician, 1 August 2016") << QDate(2016, 8, 1) << 3 << QDate(2017, 8, 1);
-        QTest::newRow("worker, 2015") << QDate(2015, 1, 10) << 2 << QDate(2015, 11, 9);
-        QTest::newRow("general regime takes the technicians' annex") << QDate(2015, 1, 10) << 4 << QDate(2015, 11, 9);
-        QTest::newRow("artist, leap year 2024") << QDate(2024, 2, 29) << 1 << QDate(2025, 2, 28);
+        cas("artist, 31 July 2016", QDate(2016, 7, 31), 1, QDate(2016, 7, 31).addDays(318));
+        cas("artist, 1 August 2016", QDate(2016, 8, 1), 1, QDate(2017, 8, 1));
+        cas("technician, 31 July 2016", QDate(2016, 7, 31), 3, QDate(2016, 7, 31).addDays(303));
+        cas("technician, 1 August 2016", QDate(2016, 8, 1), 3, QDate(2017, 8, 1));
+        cas("worker, 2015", QDate(2015, 1, 10), 2, QDate(2015, 11, 9));
+        cas("general regime takes the technicians' annex", QDate(2015, 1, 10), 4, QDate(2015, 11, 9));
+        cas("artist, leap year 2024", QDate(2024, 2, 29), 1, QDate(2025, 2, 28));
     }
 
     void defauts()
@@ -179,15 +177,14 @@ private slots:
         QTest::addColumn<QString>("libelle");
         QTest::addColumn<QString>("refus");
         // The document's period: 2024-03-01 to 2025-03-01.
-        QTest::newRow("same dates, another label") << QDate(2024, 3, 1) << QDate(2025, 3, 1) << "Une autre"
-                                                   << "Cette période existe déjà.";
-        QTest::newRow("same dates, same label")
-            << QDate(2024, 3, 1) << QDate(2025, 3, 1) << "Période du 01/03/2024 au 01/03/2025"
-            << "Cette période existe déjà.";
-        QTest::newRow("start one day later") << QDate(2024, 3, 2) << QDate(2025, 3, 1) << "x" << QString();
-        QTest::newRow("end one day earlier") << QDate(2024, 3, 1) << QDate(2025, 2, 28) << "x" << QString();
-        QTest::newRow("end before start") << QDate(2024, 3, 1) << QDate(2024, 2, 29) << "x"
-                                          << "La fin de la période ne peut pas précéder son début.";
+        cas("same dates, another label", QDate(2024, 3, 1), QDate(2025, 3, 1), "Une autre",
+            "Cette période existe déjà.");
+        cas("same dates, same label", QDate(2024, 3, 1), QDate(2025, 3, 1), "Période du 01/03/2024 au 01/03/2025",
+            "Cette période existe déjà.");
+        cas("start one day later", QDate(2024, 3, 2), QDate(2025, 3, 1), "x", QString());
+        cas("end one day earlier", QDate(2024, 3, 1), QDate(2025, 2, 28), "x", QString());
+        cas("end before start", QDate(2024, 3, 1), QDate(2024, 2, 29), "x",
+            "La fin de la période ne peut pas précéder son début.");
     }
 
     void doublon()
@@ -218,8 +215,8 @@ private slots:
     void miseAJourAutomatique_data()
     {
         QTest::addColumn<bool>("active");
-        QTest::newRow("switch on") << true;
-        QTest::newRow("switch off") << false;
+        cas("switch on", true);
+        cas("switch off", false);
     }
 
     void miseAJourAutomatique()
@@ -251,10 +248,10 @@ private slots:
     {
         QTest::addColumn<QDate>("ouverture");
         QTest::addColumn<bool>("demande");
-        QTest::newRow("rights opened in 2006") << QDate(2006, 5, 1) << true;
-        QTest::newRow("31 March 2007") << QDate(2007, 3, 31) << true;
-        QTest::newRow("1 April 2007") << QDate(2007, 4, 1) << false;
-        QTest::newRow("2024") << QDate(2024, 3, 1) << false;
+        cas("rights opened in 2006", QDate(2006, 5, 1), true);
+        cas("31 March 2007", QDate(2007, 3, 31), true);
+        cas("1 April 2007", QDate(2007, 4, 1), false);
+        cas("2024", QDate(2024, 3, 1), false);
     }
 
     void srjDemande()

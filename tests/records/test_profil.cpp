@@ -171,14 +171,13 @@ private slots:
         for (auto it = sauvegardes().cbegin(); it != sauvegardes().cend(); ++it) {
             const QString& colonne = it.key();
             if (estTexte(colonne)) {
-                QTest::newRow(qPrintable(colonne + ", with a quote")) << colonne << QVariant("L'Hôte d'\"Orsay\"");
-                QTest::newRow(qPrintable(colonne + ", emptied")) << colonne << QVariant(QString());
-                QTest::newRow(qPrintable(colonne + ", injection"))
-                    << colonne << QVariant("x'; DROP TABLE utilisateur; --");
+                cas(qPrintable(colonne + ", with a quote"), colonne, QVariant("L'Hôte d'\"Orsay\""));
+                cas(qPrintable(colonne + ", emptied"), colonne, QVariant(QString()));
+                cas(qPrintable(colonne + ", injection"), colonne, QVariant("x'; DROP TABLE utilisateur; --"));
             } else if (colonne == "u_pas" || colonne == "u_taux_valide" || colonne == "u_srj_valide") {
-                QTest::newRow(qPrintable(colonne)) << colonne << QVariant(12.345);
+                cas(qPrintable(colonne), colonne, QVariant(12.345));
             } else {
-                QTest::newRow(qPrintable(colonne)) << colonne << QVariant(3);
+                cas(qPrintable(colonne), colonne, QVariant(3));
             }
         }
     }
@@ -214,9 +213,9 @@ private slots:
     {
         QTest::addColumn<QDate>("naissance");
         QTest::addColumn<QString>("texte");
-        QTest::newRow("ordinary") << QDate(1985, 3, 12) << "1985-03-12 00:00:00.000";
-        QTest::newRow("summer-time day") << QDate(2014, 3, 30) << "2014-03-30 00:00:00.000";
-        QTest::newRow("leap day") << QDate(1964, 2, 29) << "1964-02-29 00:00:00.000";
+        cas("ordinary", QDate(1985, 3, 12), "1985-03-12 00:00:00.000");
+        cas("summer-time day", QDate(2014, 3, 30), "2014-03-30 00:00:00.000");
+        cas("leap day", QDate(1964, 2, 29), "1964-02-29 00:00:00.000");
     }
 
     void dateDeNaissance()
@@ -276,9 +275,9 @@ private slots:
         QTest::addColumn<QDate>("aujourdhui");
         QTest::addColumn<int>("annees");
         QTest::addColumn<QDate>("attendu");
-        QTest::newRow("sixty years") << QDate(2024, 6, 15) << 60 << QDate(1964, 6, 15);
-        QTest::newRow("from a leap day") << QDate(2024, 2, 29) << 1 << QDate(2023, 2, 28);
-        QTest::newRow("none") << QDate(2024, 2, 29) << 0 << QDate(2024, 2, 29);
+        cas("sixty years", QDate(2024, 6, 15), 60, QDate(1964, 6, 15));
+        cas("from a leap day", QDate(2024, 2, 29), 1, QDate(2023, 2, 28));
+        cas("none", QDate(2024, 2, 29), 0, QDate(2024, 2, 29));
     }
 
     void ageMaxi()

@@ -105,12 +105,12 @@ private slots:
         QTest::addColumn<QDate>("aujourdhui");
         QTest::addColumn<QDate>("fin");
         const QDate ouverture(2015, 3, 1);
-        QTest::newRow("artist, 2016 rules: 366 days") << 1 << QDate(2016, 8, 1) << ouverture.addDays(365);
-        QTest::newRow("artist, older rules: 319 days") << 1 << QDate(2016, 7, 31) << ouverture.addDays(318);
-        QTest::newRow("worker, 2016 rules") << 2 << QDate(2020, 1, 1) << ouverture.addDays(365);
-        QTest::newRow("technician, older rules: 304 days") << 3 << QDate(2015, 4, 1) << ouverture.addDays(303);
-        QTest::newRow("general scheme: today") << 4 << QDate(2020, 5, 5) << QDate(2020, 5, 5);
-        QTest::newRow("self-employed: today") << 5 << QDate(2020, 5, 5) << QDate(2020, 5, 5);
+        cas("artist, 2016 rules: 366 days", 1, QDate(2016, 8, 1), ouverture.addDays(365));
+        cas("artist, older rules: 319 days", 1, QDate(2016, 7, 31), ouverture.addDays(318));
+        cas("worker, 2016 rules", 2, QDate(2020, 1, 1), ouverture.addDays(365));
+        cas("technician, older rules: 304 days", 3, QDate(2015, 4, 1), ouverture.addDays(303));
+        cas("general scheme: today", 4, QDate(2020, 5, 5), QDate(2020, 5, 5));
+        cas("self-employed: today", 5, QDate(2020, 5, 5), QDate(2020, 5, 5));
     }
 
     void finDePremierePeriode()
@@ -157,12 +157,9 @@ private slots:
     {
         QTest::addColumn<QString>("chemin");
         QTest::addColumn<QString>("message");
-        QTest::newRow("existing file") << "neuf.cv4"
-                                       << "existe déjà";
-        QTest::newRow("missing folder") << "nulle-part/doc.cv4"
-                                        << "n'existe pas";
-        QTest::newRow("no name") << ""
-                                 << "Aucun nom";
+        cas("existing file", "neuf.cv4", "existe déjà");
+        cas("missing folder", "nulle-part/doc.cv4", "n'existe pas");
+        cas("no name", "", "Aucun nom");
     }
 
     void refus()

@@ -65,14 +65,10 @@ private slots:
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("generation");
-        QTest::newRow("Orvia 1") << "generation1.sql"
-                                 << "1";
-        QTest::newRow("Orvia 2") << "generation2.sql"
-                                 << "2";
-        QTest::newRow("Orvia 2.5") << "generation25.sql"
-                                   << "2.5";
-        QTest::newRow("generation 3") << "generation3.sql"
-                                      << "3";
+        cas("Orvia 1", "generation1.sql", "1");
+        cas("Orvia 2", "generation2.sql", "2");
+        cas("Orvia 2.5", "generation25.sql", "2.5");
+        cas("generation 3", "generation3.sql", "3");
     }
 
     void generations()
@@ -97,8 +93,8 @@ private slots:
     void sansTable_data()
     {
         QTest::addColumn<bool>("fichierVide");
-        QTest::newRow("empty file") << true;
-        QTest::newRow("SQLite file without a table") << false;
+        cas("empty file", true);
+        cas("SQLite file without a table", false);
     }
 
     void sansTable()
@@ -128,18 +124,12 @@ private slots:
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("message");
-        QTest::newRow("missing path") << "absent"
-                                      << "introuvable";
-        QTest::newRow("directory") << "dossier"
-                                   << "est un dossier";
-        QTest::newRow("text file") << "texte"
-                                   << "n'est pas un fichier Corvane";
-        QTest::newRow("truncated database") << "tronque"
-                                            << "endommagé";
-        QTest::newRow("damaged pages") << "endommage"
-                                       << "endommagé";
-        QTest::newRow("header only") << "entete-seule"
-                                     << "endommagé";
+        cas("missing path", "absent", "introuvable");
+        cas("directory", "dossier", "est un dossier");
+        cas("text file", "texte", "n'est pas un fichier Corvane");
+        cas("truncated database", "tronque", "endommagé");
+        cas("damaged pages", "endommage", "endommagé");
+        cas("header only", "entete-seule", "endommagé");
     }
 
     void mauvaisesEntrees()
@@ -180,12 +170,9 @@ private slots:
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("generation");
-        QTest::newRow("Orvia 1") << "generation1.sql"
-                                 << "1";
-        QTest::newRow("Orvia 2") << "generation2.sql"
-                                 << "2";
-        QTest::newRow("Orvia 2.5") << "generation25.sql"
-                                   << "2.5";
+        cas("Orvia 1", "generation1.sql", "1");
+        cas("Orvia 2", "generation2.sql", "2");
+        cas("Orvia 2.5", "generation25.sql", "2.5");
     }
 
     void conversion()
