@@ -11,8 +11,7 @@
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/MessageSaisie.h"
-#include "commun/MaisonTemporaire.h"
-#include "commun/OutilsDocument.h"
+#include "commun/OutilsEcran.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -61,38 +60,20 @@ private:
         template <typename T>
         T* widget(const QString& nom) const
         {
-            T* w = section->findChild<T*>(nom);
-            if (!w)
-                qWarning() << "widget introuvable :" << nom;
-            return w;
+            return trouver<T>(*section, nom);
         }
         ListeContrats* liste() const { return section->liste(); }
         FormulaireContrat* formulaire() const { return section->formulaire(); }
         ModeleTableContrats* table() const { return liste()->modele(); }
         bool enEdition() const { return section->enEdition(); }
 
-        void choisir(const QString& nomCombo, const QString& texte) const
-        {
-            auto* combo = widget<QComboBox>(nomCombo);
-            const int index = combo->findText(texte);
-            QVERIFY2(index >= 0, qPrintable(texte));
-            combo->setCurrentIndex(index);
-            emit combo->activated(index);
-        }
+        void choisir(const QString& nom, const QString& texte) const { test::choisir(*section, nom, texte); }
         void dates(const QDate& debut, const QDate& fin) const
         {
             widget<QDateEdit>("dateDebut")->setDate(debut);
             widget<QDateEdit>("dateFin")->setDate(fin);
         }
-        void saisir(const QString& nomChamp, const QString& texte) const
-        {
-            auto* champ = widget<QLineEdit>(nomChamp);
-            champ->setFocus();
-            champ->selectAll();
-            // Typed one character at a time, accents included.
-            for (const QChar c : texte)
-                QTest::sendKeyEvent(QTest::Click, champ, Qt::Key_unknown, QString(c), Qt::NoModifier);
-        }
+        void saisir(const QString& nom, const QString& texte) const { test::saisir(*section, nom, texte); }
         void enregistrer() const { QTest::mouseClick(widget<QPushButton>("boutonEnregistrerContrat"), Qt::LeftButton); }
     };
     int m_numero = 0;
@@ -170,19 +151,14 @@ private slots:
     }
 
     // An amount typed the French way is saved to the cent; anything else is refused with its
-    // reason and nothing is written, never 0,00 €.
+    // reason and nothing is written, never 0,00 € (the reading itself: test_saisie_francaise).
     void montantSaisi_data()
     {
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QString>("stocke"); // c_salaire_brut, "" when nothing may be saved
         cas("German grouping", "1.977,00", "");
-        cas("letters O for zeros", "15OO", "");
-        cas("a word", "abc", "");
-        cas("exponent", "1e308", "");
         cas("beyond a hundred million", "100 000 000,01", "");
         cas("grouped, decimal comma", "1 977,00", "1977.0");
-        cas("one decimal", "1977,5", "1977.5");
-        cas("decimal point", "1977.5", "1977.5");
         cas("euro sign", "1 977,50 €", "1977.5");
     }
 

@@ -5,8 +5,7 @@
 #include "app/Environnement.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/profil/FenetreProfil.h"
-#include "commun/MaisonTemporaire.h"
-#include "commun/OutilsDocument.h"
+#include "commun/OutilsEcran.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
@@ -58,15 +57,6 @@ private:
         return f;
     }
 
-    template <typename T>
-    static T* trouver(QWidget& f, const QString& nom)
-    {
-        T* w = f.findChild<T*>(nom);
-        if (!w)
-            qWarning() << "widget introuvable :" << nom;
-        return w;
-    }
-
     // Shows the tab that holds the widget, as the user would.
     static void montrer(QWidget& f, QWidget* w)
     {
@@ -80,11 +70,7 @@ private:
     static void taper(QWidget& f, QLineEdit* edition, const QString& texte)
     {
         montrer(f, edition);
-        edition->setFocus();
-        edition->selectAll();
-        QTest::keyClick(edition, Qt::Key_Backspace);
-        // What typing inserts (QTest types ASCII only).
-        edition->insert(texte);
+        saisir(f, edition->objectName(), texte);
     }
 
 private slots:

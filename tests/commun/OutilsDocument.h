@@ -90,6 +90,21 @@ inline QString valeur(const QString& chemin, const QString& sql)
     return base.texte(sql);
 }
 
+// The first value a query gives, as a number.
+inline qint64 nombre(const QString& chemin, const QString& sql)
+{
+    BaseDeDonnees base;
+    return base.ouvrirEnLecture(chemin) ? base.entier(sql) : -1;
+}
+
+// Runs SQL text on the document as another program would; a statement that fails fails the test.
+inline void executerSql(const QString& chemin, const QString& sql)
+{
+    BaseDeDonnees base;
+    QVERIFY(base.ouvrir(chemin));
+    QCOMPARE(base.exec(sql), 0);
+}
+
 inline QByteArray empreinte(const QString& chemin)
 {
     QFile f(chemin);

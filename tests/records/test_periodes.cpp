@@ -1,6 +1,6 @@
 // Periods and the new-period assistant: saving and listing, the duplicate rule, the
-// defaults by annex before and after 1 August 2016, the automatic profile update, and
-// the management window's refusals.
+// defaults by annex before and after 1 August 2016 and the automatic profile update (the
+// management window's refusals are tested on screen, test_periodes_ecran).
 
 #include "commun/Reference.h"
 #include "records/NouvellePeriode.h"
@@ -95,32 +95,6 @@ private slots:
         QVERIFY(periodes.activePeriodeAvecId(id));
         QCOMPARE(periodes.idPeriodeEnCours(), id);
         QCOMPARE(periodes.periodeEnCours(), QStringLiteral("Celle d'après"));
-    }
-
-    void reglesDeGestion_data()
-    {
-        QTest::addColumn<bool>("active");
-        QTest::addColumn<QString>("suppression");
-        QTest::addColumn<QString>("desactivation");
-        QTest::addColumn<QString>("modification");
-        cas("the active period", true, "Cette période est en cours d'utilisation, vous ne pouvez pas la supprimer.",
-            "Au moins une période doit être active.", "Vous allez modifier la période en cours d'utilisation...");
-        cas("another period", false, QString(), QString(), QString());
-    }
-
-    void reglesDeGestion()
-    {
-        QFETCH(bool, active);
-        QFETCH(QString, suppression);
-        QFETCH(QString, desactivation);
-        QFETCH(QString, modification);
-        const QString chemin = document();
-        Periodes periodes(chemin);
-        const int autre = periodes.enregistrePeriode(periode(QDate(2020, 1, 1), QDate(2020, 12, 31), "x"));
-        const int id = active ? periodes.idPeriodeEnCours() : autre;
-        QCOMPARE(periodes.refusSuppression(id), suppression);
-        QCOMPARE(periodes.refusDesactivation(id), desactivation);
-        QCOMPARE(periodes.avertissementModification(id), modification);
     }
 
     void defauts_data()

@@ -116,13 +116,19 @@ private slots:
         const SaisieContrat s = saisie(1, aout1, aout1.addDays(4));
         QCOMPARE(s.heures, avantLaBascule ? 40 : 60);
         QCOMPARE(s.periodeGroupee, avantLaBascule);
+        // A stored date (and one given to corvane-cli) is 01:00 local time: on the switch unless the
+        // zone is ahead of +01:00 by more than an hour.
+        SaisieContrat stocke;
+        stocke.choisirDates(SaisieContrat::instantDuDocument(aout1),
+                            SaisieContrat::instantDuDocument(aout1.addDays(4)));
+        const bool stockeAvant = SaisieContrat::instantDuDocument(aout1) < SaisieContrat::dateDeBascule2016();
+        QCOMPARE(stocke.heures, stockeAvant ? 40 : 60);
         if (qgetenv("TZ") == "Europe/Paris") {
             QCOMPARE(s.heures, 40);
-            SaisieContrat stocke;
-            stocke.choisirDates(SaisieContrat::instantDuDocument(aout1),
-                                SaisieContrat::instantDuDocument(aout1.addDays(4)));
             QCOMPARE(stocke.heures, 60);
         }
+        if (qgetenv("TZ") == "Pacific/Kiritimati")
+            QCOMPARE(stocke.heures, 40);
         if (qgetenv("TZ") == "America/New_York")
             QCOMPARE(s.heures, 60);
         if (qgetenv("TZ") == "Pacific/Kiritimati")
