@@ -45,6 +45,12 @@ inline void documentDepuisScript(const QString& script, const QString& chemin)
     QCOMPARE(base.exec(QString::fromUtf8(f.readAll())), 0);
 }
 
+inline QByteArray lire(const QString& chemin)
+{
+    QFile f(chemin);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
 inline void ecrire(const QString& chemin, const QByteArray& octets)
 {
     QFile f(chemin);
@@ -140,18 +146,23 @@ struct ResultatCli
     QString erreurs;
 };
 
-// Runs corvane-cli; a crash or a hang gives the code -1.
-inline ResultatCli lancerCli(const QStringList& arguments)
+// Runs a program; a crash or a hang gives the code -1.
+inline ResultatCli lancerProgramme(const QString& programme, const QStringList& arguments)
 {
     QProcess processus;
-    processus.start(QStringLiteral(CORVANE_CLI_EXE), arguments);
-    if (!processus.waitForFinished(30000)) {
+    processus.start(programme, arguments);
+    if (!processus.waitForFinished(60000)) {
         processus.kill();
         processus.waitForFinished();
         return {};
     }
     return {processus.exitStatus() == QProcess::NormalExit ? processus.exitCode() : -1,
             processus.readAllStandardOutput(), QString::fromUtf8(processus.readAllStandardError())};
+}
+
+inline ResultatCli lancerCli(const QStringList& arguments)
+{
+    return lancerProgramme(QStringLiteral(CORVANE_CLI_EXE), arguments);
 }
 
 // The one JSON document a command printed.

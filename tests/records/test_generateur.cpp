@@ -44,15 +44,7 @@ ParametresCarriere parametres(const Carriere& c, const QString& chemin)
 
 test::ResultatCli lancerGenerateur(const QStringList& arguments)
 {
-    QProcess processus;
-    processus.start(QStringLiteral(CORVANE_GENERE_EXE), arguments);
-    if (!processus.waitForFinished(60000)) {
-        processus.kill();
-        processus.waitForFinished();
-        return {};
-    }
-    return {processus.exitStatus() == QProcess::NormalExit ? processus.exitCode() : -1,
-            processus.readAllStandardOutput(), QString::fromUtf8(processus.readAllStandardError())};
+    return test::lancerProgramme(QStringLiteral(CORVANE_GENERE_EXE), arguments);
 }
 
 } // namespace

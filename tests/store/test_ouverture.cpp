@@ -11,16 +11,6 @@
 using namespace corvane;
 using namespace corvane::test;
 
-namespace {
-
-QByteArray lire(const QString& chemin)
-{
-    QFile f(chemin);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-} // namespace
-
 class TestOuverture : public QObject
 {
     Q_OBJECT
