@@ -20,6 +20,20 @@ Ligne Table::ligne(qsizetype rangee) const
     return l;
 }
 
+namespace {
+int g_attenteOccupe = 5000;
+} // namespace
+
+int BaseDeDonnees::attenteOccupe()
+{
+    return g_attenteOccupe;
+}
+
+void BaseDeDonnees::fixerAttenteOccupe(int millisecondes)
+{
+    g_attenteOccupe = millisecondes;
+}
+
 BaseDeDonnees BaseDeDonnees::emprunter(const BaseDeDonnees& proprietaire)
 {
     BaseDeDonnees base;
@@ -68,7 +82,7 @@ bool BaseDeDonnees::ouvrirAvecDrapeaux(const QString& chemin, int drapeaux)
         return false;
     }
     // Long enough for another program's ordinary write to end; a lock held longer is "in use".
-    sqlite3_busy_timeout(m_db, 5000);
+    sqlite3_busy_timeout(m_db, attenteOccupe());
     return true;
 }
 

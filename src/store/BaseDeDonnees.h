@@ -53,6 +53,10 @@ public:
     // A second handle on a connection someone else owns (a document's): it is never
     // closed through this handle, and must not outlive the owner.
     static BaseDeDonnees emprunter(const BaseDeDonnees& proprietaire);
+    // How long a connection waits for another program's lock before the document is "in use"
+    // (5 s); the tests that hold such a lock shorten it.
+    static int attenteOccupe();
+    static void fixerAttenteOccupe(int millisecondes);
     BaseDeDonnees(const BaseDeDonnees&) = delete;
     BaseDeDonnees& operator=(const BaseDeDonnees&) = delete;
     BaseDeDonnees(BaseDeDonnees&& autre) noexcept;

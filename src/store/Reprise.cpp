@@ -1,5 +1,7 @@
 #include "store/Reprise.h"
 
+#include "store/BaseDeDonnees.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <sqlite3.h>
@@ -22,7 +24,7 @@ void reprendreLeJournal(const QString& chemin)
 {
     sqlite3* db = nullptr;
     if (sqlite3_open_v2(chemin.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK) {
-        sqlite3_busy_timeout(db, 5000);
+        sqlite3_busy_timeout(db, BaseDeDonnees::attenteOccupe());
         // Any read takes the shared lock, which rolls a hot journal back; a journal that a
         // live writer still holds is not hot and is left alone.
         sqlite3_exec(db, "SELECT COUNT(*) FROM sqlite_master;", nullptr, nullptr, nullptr);

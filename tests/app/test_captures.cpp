@@ -47,18 +47,12 @@ private slots:
     {
         QTest::addColumn<QString>("titre");
         QTest::addColumn<QString>("nom");
-        QTest::newRow("mots") << "Tableau de bord"
-                              << "tableau-de-bord";
-        QTest::newRow("accents et majuscules") << "Sécurité Sociale"
-                                               << "securite-sociale";
-        QTest::newRow("circonflexe") << "Pôle Emploi"
-                                     << "pole-emploi";
-        QTest::newRow("un mot") << "Congés"
-                                << "conges";
-        QTest::newRow("ponctuation aux bords") << " (Fichiers) "
-                                               << "fichiers";
-        QTest::newRow("apostrophe") << "Droits d'auteur"
-                                    << "droits-d-auteur";
+        cas("mots", "Tableau de bord", "tableau-de-bord");
+        cas("accents et majuscules", "Sécurité Sociale", "securite-sociale");
+        cas("circonflexe", "Pôle Emploi", "pole-emploi");
+        cas("un mot", "Congés", "conges");
+        cas("ponctuation aux bords", " (Fichiers) ", "fichiers");
+        cas("apostrophe", "Droits d'auteur", "droits-d-auteur");
     }
 
     void nomDeFichierSection()

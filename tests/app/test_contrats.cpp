@@ -11,8 +11,7 @@
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/MessageSaisie.h"
-#include "commun/MaisonTemporaire.h"
-#include "commun/OutilsDocument.h"
+#include "commun/OutilsEcran.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -61,38 +60,20 @@ private:
         template <typename T>
         T* widget(const QString& nom) const
         {
-            T* w = section->findChild<T*>(nom);
-            if (!w)
-                qWarning() << "widget introuvable :" << nom;
-            return w;
+            return trouver<T>(*section, nom);
         }
         ListeContrats* liste() const { return section->liste(); }
         FormulaireContrat* formulaire() const { return section->formulaire(); }
         ModeleTableContrats* table() const { return liste()->modele(); }
         bool enEdition() const { return section->enEdition(); }
 
-        void choisir(const QString& nomCombo, const QString& texte) const
-        {
-            auto* combo = widget<QComboBox>(nomCombo);
-            const int index = combo->findText(texte);
-            QVERIFY2(index >= 0, qPrintable(texte));
-            combo->setCurrentIndex(index);
-            emit combo->activated(index);
-        }
+        void choisir(const QString& nom, const QString& texte) const { test::choisir(*section, nom, texte); }
         void dates(const QDate& debut, const QDate& fin) const
         {
             widget<QDateEdit>("dateDebut")->setDate(debut);
             widget<QDateEdit>("dateFin")->setDate(fin);
         }
-        void saisir(const QString& nomChamp, const QString& texte) const
-        {
-            auto* champ = widget<QLineEdit>(nomChamp);
-            champ->setFocus();
-            champ->selectAll();
-            // Typed one character at a time, accents included.
-            for (const QChar c : texte)
-                QTest::sendKeyEvent(QTest::Click, champ, Qt::Key_unknown, QString(c), Qt::NoModifier);
-        }
+        void saisir(const QString& nom, const QString& texte) const { test::saisir(*section, nom, texte); }
         void enregistrer() const { QTest::mouseClick(widget<QPushButton>("boutonEnregistrerContrat"), Qt::LeftButton); }
     };
     int m_numero = 0;
@@ -170,29 +151,15 @@ private slots:
     }
 
     // An amount typed the French way is saved to the cent; anything else is refused with its
-    // reason and nothing is written, never 0,00 €.
+    // reason and nothing is written, never 0,00 € (the reading itself: test_saisie_francaise).
     void montantSaisi_data()
     {
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QString>("stocke"); // c_salaire_brut, "" when nothing may be saved
-        QTest::newRow("German grouping") << "1.977,00"
-                                         << "";
-        QTest::newRow("letters O for zeros") << "15OO"
-                                             << "";
-        QTest::newRow("a word") << "abc"
-                                << "";
-        QTest::newRow("exponent") << "1e308"
-                                  << "";
-        QTest::newRow("beyond a hundred million") << "100 000 000,01"
-                                                  << "";
-        QTest::newRow("grouped, decimal comma") << "1 977,00"
-                                                << "1977.0";
-        QTest::newRow("one decimal") << "1977,5"
-                                     << "1977.5";
-        QTest::newRow("decimal point") << "1977.5"
-                                       << "1977.5";
-        QTest::newRow("euro sign") << "1 977,50 €"
-                                   << "1977.5";
+        cas("German grouping", "1.977,00", "");
+        cas("beyond a hundred million", "100 000 000,01", "");
+        cas("grouped, decimal comma", "1 977,00", "1977.0");
+        cas("euro sign", "1 977,50 €", "1977.5");
     }
 
     void montantSaisi()
@@ -293,13 +260,10 @@ private slots:
         QTest::addColumn<QDate>("nouveauDebut");
         QTest::addColumn<QDate>("fin");
         QTest::addColumn<int>("heures");
-        QTest::newRow("template without hours") << 0 << QDate() << QDate(2024, 5, 2) << QDate(2024, 5, 6) << 0;
-        QTest::newRow("template length follows the start")
-            << 35 << QDate() << QDate(2024, 5, 2) << QDate(2024, 5, 6) << 35;
-        QTest::newRow("end picked by the user stays")
-            << 35 << QDate(2024, 3, 12) << QDate(2024, 3, 6) << QDate(2024, 3, 12) << 84;
-        QTest::newRow("start past the end picked: one day")
-            << 35 << QDate(2024, 3, 12) << QDate(2024, 3, 20) << QDate(2024, 3, 20) << 12;
+        cas("template without hours", 0, QDate(), QDate(2024, 5, 2), QDate(2024, 5, 6), 0);
+        cas("template length follows the start", 35, QDate(), QDate(2024, 5, 2), QDate(2024, 5, 6), 35);
+        cas("end picked by the user stays", 35, QDate(2024, 3, 12), QDate(2024, 3, 6), QDate(2024, 3, 12), 84);
+        cas("start past the end picked: one day", 35, QDate(2024, 3, 12), QDate(2024, 3, 20), QDate(2024, 3, 20), 12);
     }
 
     void modeleEtDateDeFin()
@@ -343,18 +307,12 @@ private slots:
         QTest::addColumn<QDate>("fin");
         QTest::addColumn<QString>("titre");
         QTest::addColumn<QString>("message");
-        QTest::newRow("29 days of Prestations")
-            << "Opéra"
-            << "Prestations" << QDate(2024, 3, 1) << QDate(2024, 3, 29) << "Nouveau contrat"
-            << "Vous ne pouvez pas déclarer plus de 28 jours de prestations dans le même mois.";
-        QTest::newRow("teaching across months")
-            << "Opéra"
-            << "Enseignements" << QDate(2024, 3, 30) << QDate(2024, 4, 2) << "Nouveau contrat"
-            << "Vous ne pouvez déclarer des heures d'enseignement que sur un même mois.";
-        QTest::newRow("no employer") << ""
-                                     << "Prestations" << QDate(2024, 3, 1) << QDate(2024, 3, 1)
-                                     << "Gestion des contrats"
-                                     << "Veuillez choisir un employeur avant d'enregistrer votre contrat.";
+        cas("29 days of Prestations", "Opéra", "Prestations", QDate(2024, 3, 1), QDate(2024, 3, 29), "Nouveau contrat",
+            "Vous ne pouvez pas déclarer plus de 28 jours de prestations dans le même mois.");
+        cas("teaching across months", "Opéra", "Enseignements", QDate(2024, 3, 30), QDate(2024, 4, 2),
+            "Nouveau contrat", "Vous ne pouvez déclarer des heures d'enseignement que sur un même mois.");
+        cas("no employer", "", "Prestations", QDate(2024, 3, 1), QDate(2024, 3, 1), "Gestion des contrats",
+            "Veuillez choisir un employeur avant d'enregistrer votre contrat.");
     }
 
     void refus()

@@ -7,8 +7,7 @@
 #include "app/employeurs/FenetreModeles.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/kit/ChampChiffre.h"
-#include "commun/MaisonTemporaire.h"
-#include "commun/OutilsDocument.h"
+#include "commun/OutilsEcran.h"
 #include "records/Employeurs.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -53,20 +52,6 @@ private:
         return chemin;
     }
 
-    static qint64 compte(const QString& chemin, const QString& sql)
-    {
-        BaseDeDonnees base;
-        base.ouvrirEnLecture(chemin);
-        return base.entier(sql);
-    }
-
-    static void executer(const QString& chemin, const QString& sql)
-    {
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrir(chemin));
-        QCOMPARE(base.exec(sql), 0);
-    }
-
     std::unique_ptr<SectionEmployeurs> section()
     {
         auto s = std::make_unique<SectionEmployeurs>(*m_environnement);
@@ -77,25 +62,6 @@ private:
         if (!QTest::qWaitForWindowActive(s.get()))
             qWarning() << "fenêtre inactive";
         return s;
-    }
-
-    template <typename T>
-    static T* trouver(QWidget& w, const QString& nom)
-    {
-        T* t = w.findChild<T*>(nom);
-        if (!t)
-            qWarning() << "widget introuvable :" << nom;
-        return t;
-    }
-
-    static void saisir(QWidget& w, const QString& nom, const QString& texte)
-    {
-        auto* edition = trouver<QLineEdit>(w, nom);
-        edition->setFocus();
-        edition->selectAll();
-        QTest::keyClick(edition, Qt::Key_Backspace);
-        // What typing inserts (QTest types ASCII only).
-        edition->insert(texte);
     }
 
     int ajouter(SectionEmployeurs& s, const QString& nom, const QString& commune, const QString& codePostal)
@@ -123,7 +89,7 @@ private slots:
         auto s = section();
         const int id = ajouter(*s, "Théâtre de l'Œuvre", "Paris", "75009");
         QCOMPARE(id, 2);
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = 'Théâtre de l''Œuvre' "
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = 'Théâtre de l''Œuvre' "
                                   "AND e_commune = 'Paris' AND e_codepostal = '75009' AND e_conventionne = 1;"),
                  1);
         QCOMPARE(trouver<QLabel>(*s, "nombreEmployeurs")->text(), QStringLiteral("2 employeurs"));
@@ -132,7 +98,7 @@ private slots:
         QCOMPARE(ajouter(*s, "Théâtre de l'Œuvre", "Lyon", "75009"), 3);
         ajouter(*s, "Théâtre de l'Œuvre", "Paris", "75009");
         QCOMPARE(m_dialogues->echanges().last().message, QStringLiteral("Cet employeur existe déjà."));
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM employeurs;"), 3);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM employeurs;"), 3);
 
         // Editing the selected employer, with the fields beyond the form's statements.
         s->selectionner(2);
@@ -140,7 +106,7 @@ private slots:
         trouver<QCheckBox>(*s, "champGuso")->setChecked(true);
         saisir(*s, "champSiret", "123 456 789");
         trouver<QPushButton>(*s, "boutonEnregistrerEmployeur")->click();
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM employeurs WHERE e_id = 2 AND e_interlocuteur = "
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM employeurs WHERE e_id = 2 AND e_interlocuteur = "
                                   "'M. d''Artagnan' AND e_guso = 1 AND e_no_siret = '123 456 789';"),
                  1);
     }
@@ -158,7 +124,7 @@ private slots:
         QVERIFY(index.isValid());
         QCOMPARE(index.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
         QVERIFY(liste->model()->setData(index, Qt::Unchecked, Qt::CheckStateRole));
-        QCOMPARE(compte(m_chemin, QStringLiteral("SELECT e_conventionne FROM employeurs WHERE e_id = %1;").arg(id)), 0);
+        QCOMPARE(nombre(m_chemin, QStringLiteral("SELECT e_conventionne FROM employeurs WHERE e_id = %1;").arg(id)), 0);
         QVERIFY(!trouver<QCheckBox>(*s, "champConventionne")->isChecked());
     }
 
@@ -182,10 +148,10 @@ private slots:
         QFETCH(int, modelesRestants);
         auto s = section();
         const int id = ajouter(*s, "Compagnie d'Arles", "Arles", "13200");
-        executer(m_chemin,
-                 QStringLiteral("INSERT INTO contratsmodeles (cm_libelle, cm_employeur) VALUES ('m', %1);").arg(id));
+        executerSql(m_chemin,
+                    QStringLiteral("INSERT INTO contratsmodeles (cm_libelle, cm_employeur) VALUES ('m', %1);").arg(id));
         if (avecContrats)
-            executer(m_chemin, QStringLiteral("INSERT INTO contrats (c_employeur_id) VALUES (%1), (%1);").arg(id));
+            executerSql(m_chemin, QStringLiteral("INSERT INTO contrats (c_employeur_id) VALUES (%1), (%1);").arg(id));
         s->selectionner(id);
         m_dialogues->repondre({reponse});
         const int avant = int(m_dialogues->echanges().size());
@@ -196,10 +162,10 @@ private slots:
         QCOMPARE(m_dialogues->echanges().size(), avant + 1); // one question, either way
         if (avecContrats)
             QCOMPARE(m_dialogues->echanges().last().boutons, (QStringList{"Tout", "Rien"}));
-        QCOMPARE(compte(m_chemin, QStringLiteral("SELECT COUNT(*) FROM employeurs WHERE e_id = %1;").arg(id)),
+        QCOMPARE(nombre(m_chemin, QStringLiteral("SELECT COUNT(*) FROM employeurs WHERE e_id = %1;").arg(id)),
                  supprime ? 0 : 1);
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM contratsmodeles;"), modelesRestants);
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM contrats;"), (avecContrats && !supprime) ? 2 : 0);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM contratsmodeles;"), modelesRestants);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM contrats;"), (avecContrats && !supprime) ? 2 : 0);
     }
 
     void associerUnModele()
@@ -210,7 +176,7 @@ private slots:
         QCOMPARE(m_dialogues->echanges().last().titre, QStringLiteral("Associer un modèle de contrat"));
         QCOMPARE(m_dialogues->echanges().last().message, QStringLiteral("Il n'existe aucun modèle."));
 
-        executer(m_chemin, "INSERT INTO contratsmodeles (cm_libelle) VALUES ('Régie d''un soir');");
+        executerSql(m_chemin, "INSERT INTO contratsmodeles (cm_libelle) VALUES ('Régie d''un soir');");
         trouver<QPushButton>(*s, "boutonAssocierModele")->click();
         auto* menu = trouver<QMenu>(*s, "menuModeles");
         QAction* choix = nullptr;
@@ -223,7 +189,7 @@ private slots:
         menu->close();
         QCOMPARE(trouver<QLabel>(*s, "modeleAssocie")->text(), QStringLiteral("Régie d'un soir"));
         trouver<QPushButton>(*s, "boutonEnregistrerEmployeur")->click();
-        QCOMPARE(compte(m_chemin, QStringLiteral("SELECT e_contratmodele_id FROM employeurs WHERE e_id = %1;").arg(id)),
+        QCOMPARE(nombre(m_chemin, QStringLiteral("SELECT e_contratmodele_id FROM employeurs WHERE e_id = %1;").arg(id)),
                  1);
     }
 
@@ -243,7 +209,7 @@ private slots:
         QCOMPARE(m_dialogues->panneaux().last().titre, QStringLiteral("Import d'employeurs"));
         QCOMPARE(m_dialogues->panneaux().last().extension, QStringLiteral("cv4 or3"));
         QCOMPARE(m_dialogues->echanges().last().message, QStringLiteral("Un employeur a été importé."));
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = 'Chez \"Lulu\"';"), 1);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = 'Chez \"Lulu\"';"), 1);
         QCOMPARE(trouver<QLabel>(*s, "nombreEmployeurs")->text(), QStringLiteral("2 employeurs"));
         // The open document itself is refused.
         trouver<QPushButton>(*s, "boutonImporterEmployeurs")->click();
@@ -254,10 +220,10 @@ private slots:
     {
         auto s = section();
         const int id = ajouter(*s, "Bobino", "Paris", "75014");
-        executer(m_chemin, QStringLiteral("INSERT INTO contrats (c_employeur_id, c_nbre_heures, c_nbre_jours, "
-                                          "c_salaire_brut, c_salaire_net, c_salaire_net_a_payer) VALUES (%1, 24, 2, "
-                                          "1234.5, 1000, 950), (%1, 12, 1, 100, 80, 80);")
-                               .arg(id));
+        executerSql(m_chemin, QStringLiteral("INSERT INTO contrats (c_employeur_id, c_nbre_heures, c_nbre_jours, "
+                                             "c_salaire_brut, c_salaire_net, c_salaire_net_a_payer) VALUES (%1, 24, 2, "
+                                             "1234.5, 1000, 950), (%1, 12, 1, 100, 80, 80);")
+                                  .arg(id));
         s->setDocument(documentOuvert(m_chemin, s.get()));
         s->selectionner(id);
         QCOMPARE(trouver<QLabel>(*s, "cumulHeures")->text(), QStringLiteral("36"));
@@ -272,12 +238,12 @@ private slots:
 
         // Past ten employers, the largest ten are shown, largest first, and the rest summed as "Autres".
         for (int n = 1; n <= 11; ++n)
-            executer(m_chemin, QStringLiteral("INSERT INTO employeurs (e_raison_sociale) VALUES ('Salle %1');"
-                                              "INSERT INTO contrats (c_employeur_id, c_salaire_brut, c_salaire_net, "
-                                              "c_salaire_net_a_payer) VALUES (last_insert_rowid(), %2, %3, %3);")
-                                   .arg(n)
-                                   .arg(n * 100)
-                                   .arg(n * 10));
+            executerSql(m_chemin, QStringLiteral("INSERT INTO employeurs (e_raison_sociale) VALUES ('Salle %1');"
+                                                 "INSERT INTO contrats (c_employeur_id, c_salaire_brut, c_salaire_net, "
+                                                 "c_salaire_net_a_payer) VALUES (last_insert_rowid(), %2, %3, %3);")
+                                      .arg(n)
+                                      .arg(n * 100)
+                                      .arg(n * 10));
         s->setDocument(documentOuvert(m_chemin, s.get()));
         barres = qobject_cast<QBarSeries*>(vue->chart()->series().first());
         auto* axe = qobject_cast<QBarCategoryAxis*>(vue->chart()->axes(Qt::Horizontal).first());
@@ -291,7 +257,7 @@ private slots:
 
     void fenetreModeles()
     {
-        executer(m_chemin, "INSERT INTO employeurs (e_raison_sociale, e_commune) VALUES ('L''Odéon', 'Paris');");
+        executerSql(m_chemin, "INSERT INTO employeurs (e_raison_sociale, e_commune) VALUES ('L''Odéon', 'Paris');");
         FenetreModeles f(*m_environnement, *documentOuvert(m_chemin, this));
         f.show();
         trouver<QPushButton>(f, "boutonNouveauModele")->click();
@@ -301,7 +267,7 @@ private slots:
         trouver<ChampMontant>(f, "champBrutModele")->setValue(250.5);
         trouver<ChampMontant>(f, "champNetAPayerModele")->setValue(180);
         QTest::keyClick(trouver<QLineEdit>(f, "champLibelleModele"), Qt::Key_Return);
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM contratsmodeles WHERE cm_libelle = 'Régie d''un soir' AND "
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM contratsmodeles WHERE cm_libelle = 'Régie d''un soir' AND "
                                   "cm_employeur = 2 AND cm_salaire_brut = 250.5 AND cm_salaire_net_a_payer = 180;"),
                  1);
         QCOMPARE(trouver<QTableWidget>(f, "listeModeles")->rowCount(), 1);
@@ -313,18 +279,18 @@ private slots:
         QCOMPARE(m_dialogues->echanges().last().message, QStringLiteral("Un modèle porte déjà ce nom."));
 
         // Deleting a template an employer carries asks first, then clears it from the employer.
-        executer(m_chemin, "UPDATE employeurs SET e_contratmodele_id = 1 WHERE e_id = 2;");
+        executerSql(m_chemin, "UPDATE employeurs SET e_contratmodele_id = 1 WHERE e_id = 2;");
         f.recharger(1);
         m_dialogues->repondre({"Non"});
         trouver<QPushButton>(f, "boutonSupprimerModele")->click();
         QCOMPARE(m_dialogues->echanges().last().message,
                  QStringLiteral("Des employeurs sont associés à ce modèle de contrat.\n\nSouhaitez-vous réellement "
                                 "supprimer ce modèle ?"));
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM contratsmodeles;"), 1);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM contratsmodeles;"), 1);
         m_dialogues->repondre({"Oui"});
         trouver<QPushButton>(f, "boutonSupprimerModele")->click();
-        QCOMPARE(compte(m_chemin, "SELECT COUNT(*) FROM contratsmodeles;"), 0);
-        QCOMPARE(compte(m_chemin, "SELECT e_contratmodele_id FROM employeurs WHERE e_id = 2;"), 0);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM contratsmodeles;"), 0);
+        QCOMPARE(nombre(m_chemin, "SELECT e_contratmodele_id FROM employeurs WHERE e_id = 2;"), 0);
     }
 
     void sansDocument()

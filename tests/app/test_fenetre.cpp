@@ -157,9 +157,9 @@ private slots:
         QTest::addColumn<int>("showAssistant");
         QTest::addColumn<bool>("avecDocument");
         QTest::addColumn<bool>("affiche");
-        QTest::newRow("demandé, sans document") << 1 << false << true;
-        QTest::newRow("non demandé") << 0 << false << false;
-        QTest::newRow("demandé, document ouvert") << 1 << true << false;
+        cas("demandé, sans document", 1, false, true);
+        cas("non demandé", 0, false, false);
+        cas("demandé, document ouvert", 1, true, false);
     }
 
     void assistantAuDemarrage()
@@ -245,14 +245,10 @@ private slots:
     {
         QTest::addColumn<QString>("action");
         QTest::addColumn<QString>("fenetre");
-        QTest::newRow("profil") << "actionProfil"
-                                << "corvane::app::FenetreProfil";
-        QTest::newRow("périodes") << "actionPeriodes"
-                                  << "corvane::app::FenetrePeriodes";
-        QTest::newRow("nouvelle période") << "actionNouvellePeriode"
-                                          << "corvane::app::AssistantNouvellePeriode";
-        QTest::newRow("modèles") << "actionModeles"
-                                 << "corvane::app::FenetreModeles";
+        cas("profil", "actionProfil", "corvane::app::FenetreProfil");
+        cas("périodes", "actionPeriodes", "corvane::app::FenetrePeriodes");
+        cas("nouvelle période", "actionNouvellePeriode", "corvane::app::AssistantNouvellePeriode");
+        cas("modèles", "actionModeles", "corvane::app::FenetreModeles");
     }
 
     void fenetresDuDossier()
@@ -382,22 +378,10 @@ private slots:
         QTest::addColumn<QString>("nouveau");
         QTest::addColumn<QString>("confirmation");
         QTest::addColumn<QString>("champRouge"); // "" when the change is made
-        QTest::newRow("accepté") << "ancien"
-                                 << "nouveau ü"
-                                 << "nouveau ü"
-                                 << "";
-        QTest::newRow("mauvais mot de passe actuel") << "Ancien"
-                                                     << "x"
-                                                     << "x"
-                                                     << "motDePasseActuel";
-        QTest::newRow("confirmation différente") << "ancien"
-                                                 << "x"
-                                                 << "y"
-                                                 << "motDePasseConfirmation";
-        QTest::newRow("mot de passe retiré") << "ancien"
-                                             << ""
-                                             << ""
-                                             << "";
+        cas("accepté", "ancien", "nouveau ü", "nouveau ü", "");
+        cas("mauvais mot de passe actuel", "Ancien", "x", "x", "motDePasseActuel");
+        cas("confirmation différente", "ancien", "x", "y", "motDePasseConfirmation");
+        cas("mot de passe retiré", "ancien", "", "", "");
     }
 
     void changerLeMotDePasse()
@@ -430,8 +414,8 @@ private slots:
     void offreDeSauvegardeAuDepart_data()
     {
         QTest::addColumn<QString>("motDePasse");
-        QTest::newRow("document ouvert") << QString();
-        QTest::newRow("document protégé") << QStringLiteral("sésame");
+        cas("document ouvert", QString());
+        cas("document protégé", QStringLiteral("sésame"));
     }
 
     void offreDeSauvegardeAuDepart()
@@ -532,10 +516,10 @@ private slots:
         QTest::addColumn<bool>("avecDocument");
         QTest::addColumn<QDate>("derniere");
         QTest::addColumn<QString>("debutQuestion");
-        QTest::newRow("no document: nothing asked") << false << QDate() << "";
-        QTest::newRow("never backed up: the advice") << true << QDate() << "Bien que Corvane enregistre";
-        QTest::newRow("planned for today") << true << QDate(2024, 2, 11) << "Vous avez planifié une sauvegarde";
-        QTest::newRow("not due: nothing asked") << true << QDate(2024, 3, 1) << "";
+        cas("no document: nothing asked", false, QDate(), "");
+        cas("never backed up: the advice", true, QDate(), "Bien que Corvane enregistre");
+        cas("planned for today", true, QDate(2024, 2, 11), "Vous avez planifié une sauvegarde");
+        cas("not due: nothing asked", true, QDate(2024, 3, 1), "");
     }
 
     void offreAuMomentDeQuitter()

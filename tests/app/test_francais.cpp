@@ -2,6 +2,7 @@
 // this suite runs under the C locale.
 
 #include "app/Langue.h"
+#include "commun/Cas.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -11,8 +12,9 @@
 #include <QPushButton>
 #include <QToolButton>
 #include <QtTest>
-
 #include <memory>
+
+using corvane::test::cas;
 
 using namespace corvane::app;
 
@@ -54,16 +56,11 @@ private slots:
     {
         QTest::addColumn<QString>("widget");
         QTest::addColumn<QString>("attendu");
-        QTest::newRow("bouton Annuler") << "boutons"
-                                        << "Annuler";
-        QTest::newRow("bouton Oui") << "boutons"
-                                    << "Oui";
-        QTest::newRow("menu Copier") << "menu contextuel"
-                                     << "Copier";
-        QTest::newRow("menu Coller") << "menu contextuel"
-                                     << "Coller";
-        QTest::newRow("mois du calendrier") << "calendrier"
-                                            << "janvier";
+        cas("bouton Annuler", "boutons", "Annuler");
+        cas("bouton Oui", "boutons", "Oui");
+        cas("menu Copier", "menu contextuel", "Copier");
+        cas("menu Coller", "menu contextuel", "Coller");
+        cas("mois du calendrier", "calendrier", "janvier");
     }
 
     void textesDeQt()

@@ -6,8 +6,7 @@
 #include "app/kit/ChampChiffre.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
 #include "app/periodes/FenetrePeriodes.h"
-#include "commun/MaisonTemporaire.h"
-#include "commun/OutilsDocument.h"
+#include "commun/OutilsEcran.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
@@ -37,22 +36,6 @@ private:
     std::unique_ptr<DialoguesScriptes> m_dialogues;
     std::unique_ptr<Environnement> m_environnement;
     QString m_chemin;
-
-    static QVariant valeur(const QString& chemin, const QString& sql)
-    {
-        BaseDeDonnees base;
-        base.ouvrirEnLecture(chemin);
-        return base.lignes(sql).value(0).values().value(0);
-    }
-
-    template <typename T>
-    static T* trouver(QWidget& w, const QString& nom)
-    {
-        T* t = w.findChild<T*>(nom);
-        if (!t)
-            qWarning() << "widget introuvable :" << nom;
-        return t;
-    }
 
 private slots:
     void init()
@@ -101,7 +84,7 @@ private slots:
         QCOMPARE(m_dialogues->echanges().last().boutons, QStringList{"Fermer"});
         QVERIFY(a.isVisible());
         QCOMPARE(enregistree.count(), 0);
-        QCOMPARE(valeur(m_chemin, "SELECT COUNT(*) FROM periodes;").toInt(), 1);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM periodes;"), 1);
 
         // One day less: accepted, and the window closes.
         trouver<QDateEdit>(a, "champFin")->setDate(QDate(2025, 2, 28));
@@ -109,7 +92,7 @@ private slots:
         QCOMPARE(enregistree.count(), 1);
         QVERIFY(!a.isVisible());
         QCOMPARE(a.result(), int(QDialog::Accepted));
-        QCOMPARE(valeur(m_chemin, "SELECT p_libelle FROM periodes WHERE p_id = 2;").toString(),
+        QCOMPARE(valeur(m_chemin, "SELECT p_libelle FROM periodes WHERE p_id = 2;"),
                  QStringLiteral("Une autre étiquette"));
     }
 
@@ -122,20 +105,16 @@ private slots:
         trouver<ChampMontant>(a, "champTaux")->setValue(61.25);
         trouver<ChampNombre>(a, "champConges")->setValue(4);
         QTest::keyClick(trouver<QLineEdit>(a, "champLibelle"), Qt::Key_Return); // Enter saves
-        QCOMPARE(valeur(m_chemin, "SELECT u_date_debut_dossier FROM utilisateur;").toString(),
+        QCOMPARE(valeur(m_chemin, "SELECT u_date_debut_dossier FROM utilisateur;"),
                  QStringLiteral("2025-03-02 00:00:00.000"));
-        QCOMPARE(valeur(m_chemin, "SELECT u_taux_valide FROM utilisateur;").toDouble(), 61.25);
-        QCOMPARE(valeur(m_chemin, "SELECT p_conges FROM periodes WHERE p_id = 2;").toInt(), 4);
+        QCOMPARE(valeur(m_chemin, "SELECT u_taux_valide FROM utilisateur;"), QStringLiteral("61.25"));
+        QCOMPARE(nombre(m_chemin, "SELECT p_conges FROM periodes WHERE p_id = 2;"), 4);
     }
 
     void gestion()
     {
-        {
-            BaseDeDonnees base;
-            QVERIFY(base.ouvrir(m_chemin));
-            base.exec("INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES "
-                      "('2022-01-01 00:00:00.000', '2022-12-31 00:00:00.000', 'L''ancienne', '');");
-        }
+        executerSql(m_chemin, "INSERT INTO periodes (p_date_debut, p_date_fin, p_libelle, p_notes) VALUES "
+                              "('2022-01-01 00:00:00.000', '2022-12-31 00:00:00.000', 'L''ancienne', '');");
         FenetrePeriodes f(*m_environnement, *documentOuvert(m_chemin, this));
         f.show();
         QApplication::setActiveWindow(&f);
@@ -152,7 +131,7 @@ private slots:
                  QStringLiteral("Cette période est en cours d'utilisation, vous ne pouvez pas la supprimer."));
         liste->model()->setData(liste->model()->index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
         QCOMPARE(m_dialogues->echanges().last().message, QStringLiteral("Au moins une période doit être active."));
-        QCOMPARE(valeur(m_chemin, "SELECT u_periode_en_cours FROM utilisateur;").toInt(), 1);
+        QCOMPARE(nombre(m_chemin, "SELECT u_periode_en_cours FROM utilisateur;"), 1);
 
         // Editing it warns first; "Annuler" keeps it as it was.
         trouver<QLineEdit>(f, "champLibelle")->setText("Période d'été");
@@ -160,22 +139,21 @@ private slots:
         trouver<QPushButton>(f, "boutonEnregistrerPeriode")->click();
         QCOMPARE(m_dialogues->echanges().last().message,
                  QStringLiteral("Vous allez modifier la période en cours d'utilisation..."));
-        QCOMPARE(valeur(m_chemin, "SELECT p_libelle FROM periodes WHERE p_id = 1;").toString(),
+        QCOMPARE(valeur(m_chemin, "SELECT p_libelle FROM periodes WHERE p_id = 1;"),
                  QStringLiteral("Période du 01/03/2024 au 01/03/2025"));
         trouver<QLineEdit>(f, "champLibelle")->setText("Période d'été");
         m_dialogues->repondre({"Modifier"});
         trouver<QPushButton>(f, "boutonEnregistrerPeriode")->click();
-        QCOMPARE(valeur(m_chemin, "SELECT p_libelle FROM periodes WHERE p_id = 1;").toString(),
-                 QStringLiteral("Période d'été"));
+        QCOMPARE(valeur(m_chemin, "SELECT p_libelle FROM periodes WHERE p_id = 1;"), QStringLiteral("Période d'été"));
 
         // Ticking another period makes it the active one; the former can then go.
         liste->model()->setData(liste->model()->index(1, 0), Qt::Checked, Qt::CheckStateRole);
-        QCOMPARE(valeur(m_chemin, "SELECT u_periode_en_cours FROM utilisateur;").toInt(), 2);
+        QCOMPARE(nombre(m_chemin, "SELECT u_periode_en_cours FROM utilisateur;"), 2);
         f.selectionner(1);
         m_dialogues->repondre({"Supprimer"});
         liste->setFocus();
         QTest::keyClick(liste, Qt::Key_Delete);
-        QCOMPARE(valeur(m_chemin, "SELECT COUNT(*) FROM periodes;").toInt(), 1);
+        QCOMPARE(nombre(m_chemin, "SELECT COUNT(*) FROM periodes;"), 1);
         QCOMPARE(liste->model()->rowCount(), 1);
     }
 };

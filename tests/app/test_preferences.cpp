@@ -5,8 +5,7 @@
 #include "app/PanneauPreferencesAlertes.h"
 #include "app/PanneauPreferencesGeneral.h"
 #include "app/PanneauPreferencesSauvegardes.h"
-#include "commun/MaisonTemporaire.h"
-#include "commun/OutilsDocument.h"
+#include "commun/OutilsEcran.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
@@ -68,15 +67,6 @@ private:
         return f;
     }
 
-    template <typename T>
-    T* widget(FenetrePreferences& f, const QString& nom)
-    {
-        T* trouve = f.findChild<T*>(nom);
-        if (!trouve)
-            qWarning() << "widget introuvable :" << nom;
-        return trouve;
-    }
-
 private slots:
     void init()
     {
@@ -115,22 +105,14 @@ private slots:
         QTest::addColumn<QString>("nom");
         QTest::addColumn<QString>("ecrit");
         QTest::addColumn<bool>("cocheeAuDepart");
-        QTest::newRow("ouvrir au démarrage") << "prefsDemarrage"
-                                             << "0" << true;
-        QTest::newRow("dernière section") << "OpenLastTab"
-                                          << "false" << true;
-        QTest::newRow("assistant au démarrage") << "ShowAssistant"
-                                                << "1" << false;
-        QTest::newRow("préfixe") << "Configuration_FichierSauvegardePrefixe"
-                                 << "false" << true;
-        QTest::newRow("nom") << "Configuration_FichierSauvegardeNom"
-                             << "false" << true;
-        QTest::newRow("date") << "Configuration_FichierSauvegardeDate"
-                              << "false" << true;
-        QTest::newRow("sauvegarde proposée") << "Configuration_FichierSauvegardeAuto"
-                                             << "false" << true;
-        QTest::newRow("alertes") << "Configuration_ActiverAlertes"
-                                 << "false" << true;
+        cas("ouvrir au démarrage", "prefsDemarrage", "0", true);
+        cas("dernière section", "OpenLastTab", "false", true);
+        cas("assistant au démarrage", "ShowAssistant", "1", false);
+        cas("préfixe", "Configuration_FichierSauvegardePrefixe", "false", true);
+        cas("nom", "Configuration_FichierSauvegardeNom", "false", true);
+        cas("date", "Configuration_FichierSauvegardeDate", "false", true);
+        cas("sauvegarde proposée", "Configuration_FichierSauvegardeAuto", "false", true);
+        cas("alertes", "Configuration_ActiverAlertes", "false", true);
     }
 
     void casesACocher()
@@ -140,7 +122,7 @@ private slots:
         QFETCH(bool, cocheeAuDepart);
         auto f = fenetre();
         QSignalSpy modifies(f.get(), &FenetrePreferences::reglagesModifies);
-        auto* boite = widget<QCheckBox>(*f, nom);
+        auto* boite = trouver<QCheckBox>(*f, nom);
         QVERIFY(boite);
         QCOMPARE(boite->isChecked(), cocheeAuDepart);
         boite->click();
@@ -155,18 +137,10 @@ private slots:
         QTest::addColumn<QString>("nom");
         QTest::addColumn<QString>("frappe");
         QTest::addColumn<QString>("ecrit");
-        QTest::newRow("jours entre deux sauvegardes") << "Configuration_FichierSauvegardeJours"
-                                                      << "45"
-                                                      << "45";
-        QTest::newRow("début du rappel") << "Configuration_AlerteActualisationDebut"
-                                         << "25"
-                                         << "25";
-        QTest::newRow("fin du rappel") << "Configuration_AlerteActualisationFin"
-                                       << "5"
-                                       << "5";
-        QTest::newRow("un jour du mois au plus 31") << "Configuration_AlerteActualisationDebut"
-                                                    << "40"
-                                                    << "4";
+        cas("jours entre deux sauvegardes", "Configuration_FichierSauvegardeJours", "45", "45");
+        cas("début du rappel", "Configuration_AlerteActualisationDebut", "25", "25");
+        cas("fin du rappel", "Configuration_AlerteActualisationFin", "5", "5");
+        cas("un jour du mois au plus 31", "Configuration_AlerteActualisationDebut", "40", "4");
     }
 
     void compteurs()
@@ -175,7 +149,7 @@ private slots:
         QFETCH(QString, frappe);
         QFETCH(QString, ecrit);
         auto f = fenetre();
-        auto* compteur = widget<QSpinBox>(*f, nom);
+        auto* compteur = trouver<QSpinBox>(*f, nom);
         QVERIFY(compteur);
         f->afficherPanneau(nom.contains("Alerte") ? QStringLiteral("Alertes") : QStringLiteral("Sauvegardes"));
         compteur->setFocus();
@@ -190,21 +164,11 @@ private slots:
         QTest::addColumn<QString>("nom");
         QTest::addColumn<QString>("choix");
         QTest::addColumn<QString>("ecrit");
-        QTest::newRow("apparence sombre") << "Apparence"
-                                          << "Sombre"
-                                          << "sombre";
-        QTest::newRow("apparence claire") << "Apparence"
-                                          << "Claire"
-                                          << "clair";
-        QTest::newRow("date jour mois année") << "SaveDateFormat"
-                                              << "jour, mois, année (jjmmaaaa)"
-                                              << "1";
-        QTest::newRow("contrats après 15 jours") << "ContractsAlertRate"
-                                                 << "15 jours"
-                                                 << "1";
-        QTest::newRow("contrats après 2 mois") << "ContractsAlertRate"
-                                               << "2 mois"
-                                               << "3";
+        cas("apparence sombre", "Apparence", "Sombre", "sombre");
+        cas("apparence claire", "Apparence", "Claire", "clair");
+        cas("date jour mois année", "SaveDateFormat", "jour, mois, année (jjmmaaaa)", "1");
+        cas("contrats après 15 jours", "ContractsAlertRate", "15 jours", "1");
+        cas("contrats après 2 mois", "ContractsAlertRate", "2 mois", "3");
     }
 
     void listesDeroulantes()
@@ -213,7 +177,7 @@ private slots:
         QFETCH(QString, choix);
         QFETCH(QString, ecrit);
         auto f = fenetre();
-        auto* liste = widget<QComboBox>(*f, nom);
+        auto* liste = trouver<QComboBox>(*f, nom);
         QVERIFY(liste);
         const int index = liste->findText(choix);
         QVERIFY2(index >= 0, qPrintable(choix));
@@ -225,18 +189,18 @@ private slots:
     {
         m_reglages->ecrire(Reglages::Cle::Apparence, QStringLiteral("violette"));
         auto f = fenetre();
-        QCOMPARE(widget<QComboBox>(*f, "Apparence")->currentText(), QStringLiteral("Celle du système"));
+        QCOMPARE(trouver<QComboBox>(*f, "Apparence")->currentText(), QStringLiteral("Celle du système"));
     }
 
     void delaiDesContrats_data()
     {
         QTest::addColumn<int>("enregistre");
         QTest::addColumn<QString>("affiche");
-        QTest::newRow("0") << 0 << "7 jours";
-        QTest::newRow("2") << 2 << "1 mois";
-        QTest::newRow("3") << 3 << "2 mois";
-        QTest::newRow("7 compte comme 0") << 7 << "7 jours";
-        QTest::newRow("-1 compte comme 0") << -1 << "7 jours";
+        cas("0", 0, "7 jours");
+        cas("2", 2, "1 mois");
+        cas("3", 3, "2 mois");
+        cas("7 compte comme 0", 7, "7 jours");
+        cas("-1 compte comme 0", -1, "7 jours");
     }
 
     void delaiDesContrats()
@@ -246,7 +210,7 @@ private slots:
         m_reglages->ecrire(Reglages::Cle::ContractsAlertRate, enregistre);
         m_reglages->synchroniser();
         auto f = fenetre();
-        QCOMPARE(widget<QComboBox>(*f, "ContractsAlertRate")->currentText(), affiche);
+        QCOMPARE(trouver<QComboBox>(*f, "ContractsAlertRate")->currentText(), affiche);
         // Showing it does not rewrite the stored value.
         QCOMPARE(ini().value("ContractsAlertRate"), QString::number(enregistre));
     }
@@ -258,13 +222,11 @@ private slots:
         QTest::addColumn<bool>("date");
         QTest::addColumn<int>("format");
         QTest::addColumn<QString>("attendu");
-        QTest::newRow("tout") << true << true << true << 0 << "Corvane_Dupont_20240312.cv4";
-        QTest::newRow("jour mois année") << true << true << true << 1 << "Corvane_Dupont_12032024.cv4";
-        QTest::newRow("sans préfixe") << false << true << true << 0 << "Dupont_20240312.cv4";
-        QTest::newRow("sans nom") << true << false << true << 0 << "Corvane_20240312.cv4";
-        QTest::newRow("sans date") << true << true << false << 0 << "Corvane_Dupont.cv4";
-        QTest::newRow("la date seule") << false << false << true << 0 << "20240312.cv4";
-        QTest::newRow("rien") << false << false << false << 0 << "sauvegarde.cv4";
+        cas("tout", true, true, true, 0, "Corvane_Dupont_20240312.cv4");
+        cas("jour mois année", true, true, true, 1, "Corvane_Dupont_12032024.cv4");
+        cas("sans préfixe", false, true, true, 0, "Dupont_20240312.cv4");
+        cas("sans nom", true, false, true, 0, "Corvane_20240312.cv4");
+        cas("sans date", true, true, false, 0, "Corvane_Dupont.cv4");
     }
 
     void apercuDuNomDeSauvegarde()
@@ -279,22 +241,22 @@ private slots:
         auto f = fenetre();
         f->setFile(chemin);
         f->afficherPanneau(QStringLiteral("Sauvegardes"));
-        auto* apercu = widget<QLabel>(*f, "apercuNomSauvegarde");
+        auto* apercu = trouver<QLabel>(*f, "apercuNomSauvegarde");
         QVERIFY(apercu);
         QCOMPARE(apercu->text(), QStringLiteral("Corvane_Dupont_20240312.cv4"));
-        widget<QCheckBox>(*f, "Configuration_FichierSauvegardePrefixe")->setChecked(prefixe);
-        widget<QCheckBox>(*f, "Configuration_FichierSauvegardeNom")->setChecked(nom);
-        widget<QCheckBox>(*f, "Configuration_FichierSauvegardeDate")->setChecked(date);
-        widget<QComboBox>(*f, "SaveDateFormat")->setCurrentIndex(format);
+        trouver<QCheckBox>(*f, "Configuration_FichierSauvegardePrefixe")->setChecked(prefixe);
+        trouver<QCheckBox>(*f, "Configuration_FichierSauvegardeNom")->setChecked(nom);
+        trouver<QCheckBox>(*f, "Configuration_FichierSauvegardeDate")->setChecked(date);
+        trouver<QComboBox>(*f, "SaveDateFormat")->setCurrentIndex(format);
         QCOMPARE(apercu->text(), attendu);
         QCOMPARE(f->panneauSauvegardes()->apercu(), attendu);
-        QCOMPARE(widget<QComboBox>(*f, "SaveDateFormat")->isEnabled(), date);
+        QCOMPARE(trouver<QComboBox>(*f, "SaveDateFormat")->isEnabled(), date);
     }
 
     void apercuSansDocument()
     {
         auto f = fenetre();
-        QCOMPARE(widget<QLabel>(*f, "apercuNomSauvegarde")->text(), QStringLiteral("aucun fichier ouvert..."));
+        QCOMPARE(trouver<QLabel>(*f, "apercuNomSauvegarde")->text(), QStringLiteral("aucun fichier ouvert..."));
     }
 
     void dossierDeStockage()
@@ -306,8 +268,8 @@ private slots:
         m_reglages->synchroniser();
         auto f = fenetre();
         QSignalSpy modifies(f.get(), &FenetrePreferences::reglagesModifies);
-        auto* ligne = widget<QLineEdit>(*f, "prefsStockage");
-        auto* erreur = widget<QLabel>(*f, "erreurStockage");
+        auto* ligne = trouver<QLineEdit>(*f, "prefsStockage");
+        auto* erreur = trouver<QLabel>(*f, "erreurStockage");
         QCOMPARE(ligne->text(), ancien);
         QVERIFY(!erreur->isVisible());
 
@@ -349,15 +311,15 @@ private slots:
             titres << titre;
             return reponses.takeFirst();
         });
-        auto* bouton = widget<QPushButton>(*f, "boutonChoisirStockage");
+        auto* bouton = trouver<QPushButton>(*f, "boutonChoisirStockage");
         QVERIFY(bouton);
         bouton->click();
-        QVERIFY(widget<QLabel>(*f, "erreurStockage")->isVisible());
+        QVERIFY(trouver<QLabel>(*f, "erreurStockage")->isVisible());
         QVERIFY(!ini().contains("prefsStockage"));
         bouton->click();
         QCOMPARE(titres.last(), QStringLiteral("Choisir le dossier de stockage"));
-        QCOMPARE(widget<QLineEdit>(*f, "prefsStockage")->text(), choisi);
-        QVERIFY(!widget<QLabel>(*f, "erreurStockage")->isVisible());
+        QCOMPARE(trouver<QLineEdit>(*f, "prefsStockage")->text(), choisi);
+        QVERIFY(!trouver<QLabel>(*f, "erreurStockage")->isVisible());
         QCOMPARE(QSettings(m_ini, QSettings::IniFormat).value("prefsStockage").toString(), choisi);
     }
 
@@ -365,11 +327,11 @@ private slots:
     {
         auto f = fenetre();
         f->afficherPanneau(QStringLiteral("Alertes"));
-        auto* debut = widget<QSpinBox>(*f, "Configuration_AlerteActualisationDebut");
+        auto* debut = trouver<QSpinBox>(*f, "Configuration_AlerteActualisationDebut");
         QVERIFY(debut->isEnabled());
-        widget<QCheckBox>(*f, "Configuration_ActiverAlertes")->click();
+        trouver<QCheckBox>(*f, "Configuration_ActiverAlertes")->click();
         QVERIFY(!debut->isEnabled());
-        QVERIFY(!widget<QComboBox>(*f, "ContractsAlertRate")->isEnabled());
+        QVERIFY(!trouver<QComboBox>(*f, "ContractsAlertRate")->isEnabled());
     }
 
     // Every widget of the window carries a name, for the tests and the accessibility tools.

@@ -5,8 +5,7 @@
 #include "app/Environnement.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/profil/FenetreProfil.h"
-#include "commun/MaisonTemporaire.h"
-#include "commun/OutilsDocument.h"
+#include "commun/OutilsEcran.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
@@ -58,15 +57,6 @@ private:
         return f;
     }
 
-    template <typename T>
-    static T* trouver(QWidget& f, const QString& nom)
-    {
-        T* w = f.findChild<T*>(nom);
-        if (!w)
-            qWarning() << "widget introuvable :" << nom;
-        return w;
-    }
-
     // Shows the tab that holds the widget, as the user would.
     static void montrer(QWidget& f, QWidget* w)
     {
@@ -80,11 +70,7 @@ private:
     static void taper(QWidget& f, QLineEdit* edition, const QString& texte)
     {
         montrer(f, edition);
-        edition->setFocus();
-        edition->selectAll();
-        QTest::keyClick(edition, Qt::Key_Backspace);
-        // What typing inserts (QTest types ASCII only).
-        edition->insert(texte);
+        saisir(f, edition->objectName(), texte);
     }
 
 private slots:
@@ -102,24 +88,12 @@ private slots:
         QTest::addColumn<QString>("widget");
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QString>("colonne");
-        QTest::newRow("surname with a quote") << "champNom"
-                                              << "L'Hermite"
-                                              << "u_nom";
-        QTest::newRow("first name emptied") << "champPrenom"
-                                            << ""
-                                            << "u_prenom";
-        QTest::newRow("town") << "champCommune"
-                              << "L'Haÿ-les-Roses"
-                              << "u_commune";
-        QTest::newRow("social-security number") << "champNir"
-                                                << "2 85 03 75 123 456"
-                                                << "u_nir";
-        QTest::newRow("IBAN") << "champIban"
-                              << "FR76 3000 4000"
-                              << "u_rib_iban";
-        QTest::newRow("self-employed SIRET") << "champAeSiret"
-                                             << "123 456 789 00012"
-                                             << "u_ae_siret";
+        cas("surname with a quote", "champNom", "L'Hermite", "u_nom");
+        cas("first name emptied", "champPrenom", "", "u_prenom");
+        cas("town", "champCommune", "L'Haÿ-les-Roses", "u_commune");
+        cas("social-security number", "champNir", "2 85 03 75 123 456", "u_nir");
+        cas("IBAN", "champIban", "FR76 3000 4000", "u_rib_iban");
+        cas("self-employed SIRET", "champAeSiret", "123 456 789 00012", "u_ae_siret");
     }
 
     void champAuClavier()
@@ -205,8 +179,8 @@ private slots:
     {
         QTest::addColumn<int>("ageMaxi");
         QTest::addColumn<QDate>("minimum");
-        QTest::newRow("default setting, 60 years") << -1 << QDate(1964, 6, 15);
-        QTest::newRow("setting at 90 years") << 90 << QDate(1934, 6, 15);
+        cas("default setting, 60 years", -1, QDate(1964, 6, 15));
+        cas("setting at 90 years", 90, QDate(1934, 6, 15));
     }
 
     void dateDeNaissance()

@@ -159,12 +159,9 @@ private slots:
     {
         QTest::addColumn<QString>("ecran");
         QTest::addColumn<QString>("titre");
-        QTest::newRow("contrats") << "Contrats"
-                                  << "Exports PDF";
-        QTest::newRow("employeurs") << "Employeurs"
-                                    << "Exports PDF";
-        QTest::newRow("profil") << "Profil"
-                                << "Gestion des PDF";
+        cas("contrats", "Contrats", "Exports PDF");
+        cas("employeurs", "Employeurs", "Exports PDF");
+        cas("profil", "Profil", "Gestion des PDF");
     }
 
     void sansDocument()

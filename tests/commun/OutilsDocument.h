@@ -2,6 +2,7 @@
 
 // Helpers shared by the tests: documents made from fixtures, fingerprints and dumps.
 
+#include "commun/Cas.h"
 #include "store/BaseDeDonnees.h"
 #include "store/Document.h"
 #include "store/Fichiers.h"
@@ -44,6 +45,12 @@ inline void documentDepuisScript(const QString& script, const QString& chemin)
     QCOMPARE(base.exec(QString::fromUtf8(f.readAll())), 0);
 }
 
+inline QByteArray lire(const QString& chemin)
+{
+    QFile f(chemin);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
 inline void ecrire(const QString& chemin, const QByteArray& octets)
 {
     QFile f(chemin);
@@ -78,6 +85,30 @@ inline QString ouvrirDocument(const QString& chemin)
 {
     DialoguesScriptes dialogues;
     return Fichiers().ouvertureSQLite(chemin, QString(), dialogues);
+}
+
+// The first value a query gives, as text.
+inline QString valeur(const QString& chemin, const QString& sql)
+{
+    BaseDeDonnees base;
+    if (!base.ouvrirEnLecture(chemin))
+        return QStringLiteral("<illisible>");
+    return base.texte(sql);
+}
+
+// The first value a query gives, as a number.
+inline qint64 nombre(const QString& chemin, const QString& sql)
+{
+    BaseDeDonnees base;
+    return base.ouvrirEnLecture(chemin) ? base.entier(sql) : -1;
+}
+
+// Runs SQL text on the document as another program would; a statement that fails fails the test.
+inline void executerSql(const QString& chemin, const QString& sql)
+{
+    BaseDeDonnees base;
+    QVERIFY(base.ouvrir(chemin));
+    QCOMPARE(base.exec(sql), 0);
 }
 
 inline QByteArray empreinte(const QString& chemin)
@@ -115,18 +146,23 @@ struct ResultatCli
     QString erreurs;
 };
 
-// Runs corvane-cli; a crash or a hang gives the code -1.
-inline ResultatCli lancerCli(const QStringList& arguments)
+// Runs a program; a crash or a hang gives the code -1.
+inline ResultatCli lancerProgramme(const QString& programme, const QStringList& arguments)
 {
     QProcess processus;
-    processus.start(QStringLiteral(CORVANE_CLI_EXE), arguments);
-    if (!processus.waitForFinished(30000)) {
+    processus.start(programme, arguments);
+    if (!processus.waitForFinished(60000)) {
         processus.kill();
         processus.waitForFinished();
         return {};
     }
     return {processus.exitStatus() == QProcess::NormalExit ? processus.exitCode() : -1,
             processus.readAllStandardOutput(), QString::fromUtf8(processus.readAllStandardError())};
+}
+
+inline ResultatCli lancerCli(const QStringList& arguments)
+{
+    return lancerProgramme(QStringLiteral(CORVANE_CLI_EXE), arguments);
 }
 
 // The one JSON document a command printed.

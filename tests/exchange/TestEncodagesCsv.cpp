@@ -1,4 +1,5 @@
 #include "OutilsCsv.h"
+#include "commun/Cas.h"
 
 #include "exchange/CsvWriter.h"
 
@@ -8,6 +9,7 @@
 #include <QTest>
 
 using namespace corvane;
+using namespace corvane::test;
 
 namespace {
 
@@ -58,40 +60,31 @@ private slots:
         QTest::addColumn<Enregistrements>("attendu");
 
         const auto hex = [](const char* texte) { return QByteArray::fromHex(texte); };
-        QTest::newRow("UTF-8 with mark") << hex("EFBBBF 636166C3A9 2C 62 0A") << Detecter << Utf8
-                                         << Enregistrements{{"café", "b"}};
-        QTest::newRow("UTF-8 without mark")
-            << hex("636166C3A9 2C E282AC") << Detecter << Utf8 << Enregistrements{{"café", "€"}};
-        QTest::newRow("UTF-16 BE with mark")
-            << hex("FEFF 0061 002C 00E9") << Detecter << Utf16BE << Enregistrements{{"a", "é"}};
-        QTest::newRow("UTF-16 LE with mark")
-            << hex("FFFE 6100 2C00 E900 0A00") << Detecter << Utf16LE << Enregistrements{{"a", "é"}};
-        QTest::newRow("UTF-32 BE with mark")
-            << hex("0000FEFF 00000061 0000002C 0001F600") << Detecter << Utf32BE << Enregistrements{{"a", "😀"}};
-        QTest::newRow("UTF-32 LE with mark")
-            << hex("FFFE0000 61000000 2C000000 00F60100") << Detecter << Utf32LE << Enregistrements{{"a", "😀"}};
-        QTest::newRow("UTF-16 BE without mark")
-            << hex("0061 002C 0062") << Detecter << Utf16BE << Enregistrements{{"a", "b"}};
-        QTest::newRow("UTF-16 LE without mark")
-            << hex("6100 2C00 6200") << Detecter << Utf16LE << Enregistrements{{"a", "b"}};
-        QTest::newRow("UTF-32 BE without mark")
-            << hex("00000061 0000002C 00000062") << Detecter << Utf32BE << Enregistrements{{"a", "b"}};
-        QTest::newRow("UTF-32 LE without mark")
-            << hex("61000000 2C000000 62000000") << Detecter << Utf32LE << Enregistrements{{"a", "b"}};
-        QTest::newRow("Windows-1252 when not UTF-8")
-            << hex("636166E9 2C 80203132") << Detecter << Windows1252 << Enregistrements{{"café", "€ 12"}};
-        QTest::newRow("one byte") << hex("61") << Detecter << Utf8 << Enregistrements{{"a"}};
-        QTest::newRow("empty file") << QByteArray() << Detecter << Utf8 << Enregistrements{};
-        QTest::newRow("Mac Roman given") << hex("6361668E 2C DB203132 2C D278D3") << MacRoman << MacRoman
-                                         << Enregistrements{{"café", "€ 12", "“x”"}};
-        QTest::newRow("given encoding wins over a mark")
-            << hex("EFBBBF 61") << MacRoman << MacRoman << Enregistrements{{"Ôªøa"}};
-        QTest::newRow("mark skipped when the encoding is given")
-            << hex("FFFE 6100") << Utf16LE << Utf16LE << Enregistrements{{"a"}};
-        QTest::newRow("cut UTF-16 at the end") << hex("6100 62") << Utf16LE << Utf16LE << Enregistrements{{"a\uFFFD"}};
-        QTest::newRow("cut UTF-8 at the end") << hex("61 C3") << Utf8 << Utf8 << Enregistrements{{"a\uFFFD"}};
-        QTest::newRow("invalid UTF-8 byte replaced")
-            << hex("61 FF 62") << Utf8 << Utf8 << Enregistrements{{"a\uFFFDb"}};
+        cas("UTF-8 with mark", hex("EFBBBF 636166C3A9 2C 62 0A"), Detecter, Utf8, Enregistrements{{"café", "b"}});
+        cas("UTF-8 without mark", hex("636166C3A9 2C E282AC"), Detecter, Utf8, Enregistrements{{"café", "€"}});
+        cas("UTF-16 BE with mark", hex("FEFF 0061 002C 00E9"), Detecter, Utf16BE, Enregistrements{{"a", "é"}});
+        cas("UTF-16 LE with mark", hex("FFFE 6100 2C00 E900 0A00"), Detecter, Utf16LE, Enregistrements{{"a", "é"}});
+        cas("UTF-32 BE with mark", hex("0000FEFF 00000061 0000002C 0001F600"), Detecter, Utf32BE,
+            Enregistrements{{"a", "😀"}});
+        cas("UTF-32 LE with mark", hex("FFFE0000 61000000 2C000000 00F60100"), Detecter, Utf32LE,
+            Enregistrements{{"a", "😀"}});
+        cas("UTF-16 BE without mark", hex("0061 002C 0062"), Detecter, Utf16BE, Enregistrements{{"a", "b"}});
+        cas("UTF-16 LE without mark", hex("6100 2C00 6200"), Detecter, Utf16LE, Enregistrements{{"a", "b"}});
+        cas("UTF-32 BE without mark", hex("00000061 0000002C 00000062"), Detecter, Utf32BE,
+            Enregistrements{{"a", "b"}});
+        cas("UTF-32 LE without mark", hex("61000000 2C000000 62000000"), Detecter, Utf32LE,
+            Enregistrements{{"a", "b"}});
+        cas("Windows-1252 when not UTF-8", hex("636166E9 2C 80203132"), Detecter, Windows1252,
+            Enregistrements{{"café", "€ 12"}});
+        cas("one byte", hex("61"), Detecter, Utf8, Enregistrements{{"a"}});
+        cas("empty file", QByteArray(), Detecter, Utf8, Enregistrements{});
+        cas("Mac Roman given", hex("6361668E 2C DB203132 2C D278D3"), MacRoman, MacRoman,
+            Enregistrements{{"café", "€ 12", "“x”"}});
+        cas("given encoding wins over a mark", hex("EFBBBF 61"), MacRoman, MacRoman, Enregistrements{{"Ôªøa"}});
+        cas("mark skipped when the encoding is given", hex("FFFE 6100"), Utf16LE, Utf16LE, Enregistrements{{"a"}});
+        cas("cut UTF-16 at the end", hex("6100 62"), Utf16LE, Utf16LE, Enregistrements{{"a\uFFFD"}});
+        cas("cut UTF-8 at the end", hex("61 C3"), Utf8, Utf8, Enregistrements{{"a\uFFFD"}});
+        cas("invalid UTF-8 byte replaced", hex("61 FF 62"), Utf8, Utf8, Enregistrements{{"a\uFFFDb"}});
     }
 
     void lecture()
@@ -116,10 +109,10 @@ private slots:
         QTest::addColumn<int>("encodage");
         QTest::addColumn<QByteArray>("nomQt");
 
-        QTest::newRow("UTF-8") << Utf8 << QByteArray("UTF-8");
-        QTest::newRow("UTF-16 LE") << Utf16LE << QByteArray("UTF-16LE");
-        QTest::newRow("UTF-16 BE") << Utf16BE << QByteArray("UTF-16BE");
-        QTest::newRow("UTF-32 LE") << Utf32LE << QByteArray("UTF-32LE");
+        cas("UTF-8", Utf8, QByteArray("UTF-8"));
+        cas("UTF-16 LE", Utf16LE, QByteArray("UTF-16LE"));
+        cas("UTF-16 BE", Utf16BE, QByteArray("UTF-16BE"));
+        cas("UTF-32 LE", Utf32LE, QByteArray("UTF-32LE"));
     }
 
     // A file many times the read size, whose multi-byte characters and quoted newlines fall across
@@ -158,14 +151,14 @@ private slots:
         QTest::addColumn<QByteArray>("attendu");
 
         const auto hex = [](const char* texte) { return QByteArray::fromHex(texte); };
-        QTest::newRow("UTF-8 has no mark") << Utf8 << "é" << hex("C3A9 0A");
-        QTest::newRow("UTF-16 BE") << Utf16BE << "é" << hex("FEFF 00E9 000A");
-        QTest::newRow("UTF-16 LE") << Utf16LE << "é" << hex("FFFE E900 0A00");
-        QTest::newRow("UTF-32 BE") << Utf32BE << "😀" << hex("0000FEFF 0001F600 0000000A");
-        QTest::newRow("UTF-32 LE") << Utf32LE << "😀" << hex("FFFE0000 00F60100 0A000000");
-        QTest::newRow("Mac Roman") << MacRoman << "café €“”" << hex("6361668E 20 DB D2D3 0A");
-        QTest::newRow("Mac Roman lacks a character") << MacRoman << "a😀ſb" << hex("61 3F 3F 62 0A");
-        QTest::newRow("Windows-1252") << Windows1252 << "café €" << hex("636166E9 20 80 0A");
+        cas("UTF-8 has no mark", Utf8, "é", hex("C3A9 0A"));
+        cas("UTF-16 BE", Utf16BE, "é", hex("FEFF 00E9 000A"));
+        cas("UTF-16 LE", Utf16LE, "é", hex("FFFE E900 0A00"));
+        cas("UTF-32 BE", Utf32BE, "😀", hex("0000FEFF 0001F600 0000000A"));
+        cas("UTF-32 LE", Utf32LE, "😀", hex("FFFE0000 00F60100 0A000000"));
+        cas("Mac Roman", MacRoman, "café €“”", hex("6361668E 20 DB D2D3 0A"));
+        cas("Mac Roman lacks a character", MacRoman, "a😀ſb", hex("61 3F 3F 62 0A"));
+        cas("Windows-1252", Windows1252, "café €", hex("636166E9 20 80 0A"));
     }
 
     void ecriture()

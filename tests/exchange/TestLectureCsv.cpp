@@ -1,4 +1,5 @@
 #include "OutilsCsv.h"
+#include "commun/Cas.h"
 
 #include "exchange/Csv.h"
 #include "exchange/CsvWriter.h"
@@ -8,6 +9,7 @@
 #include <QTest>
 
 using namespace corvane;
+using namespace corvane::test;
 
 namespace {
 
@@ -88,58 +90,46 @@ private slots:
         QTest::addColumn<Enregistrements>("attendu");
 
         const QChar v = u',';
-        QTest::newRow("simple record") << "a,b,c\n" << v << Brut << Enregistrements{{"a", "b", "c"}};
-        QTest::newRow("empty middle field") << "a,,b" << v << Brut << Enregistrements{{"a", "", "b"}};
-        QTest::newRow("trailing delimiter") << "a,b,\n" << v << Brut << Enregistrements{{"a", "b", ""}};
-        QTest::newRow("lone delimiter") << "," << v << Brut << Enregistrements{{"", ""}};
-        QTest::newRow("no final newline") << "a\nb" << v << Brut << Enregistrements{{"a"}, {"b"}};
-        QTest::newRow("blank lines are not records") << "\n\na\n\n\r\n\nb\n\n"
-                                                     << v << Brut << Enregistrements{{"a"}, {"b"}};
-        QTest::newRow("CR LF") << "a,b\r\nc,d\r\n" << v << Brut << Enregistrements{{"a", "b"}, {"c", "d"}};
-        QTest::newRow("lone CR") << "a\rb" << v << Brut << Enregistrements{{"a"}, {"b"}};
-        QTest::newRow("line separator") << "a\u2028b\u0085c" << v << Brut << Enregistrements{{"a"}, {"b"}, {"c"}};
-        QTest::newRow("records of different lengths")
-            << "a\nb,c,d\ne,f" << v << Brut << Enregistrements{{"a"}, {"b", "c", "d"}, {"e", "f"}};
-        QTest::newRow("quoted field raw") << "\"a,b\",c" << v << Brut << Enregistrements{{"\"a,b\"", "c"}};
-        QTest::newRow("quoted field sanitised") << "\"a,b\",c" << v << Propre << Enregistrements{{"a,b", "c"}};
-        QTest::newRow("doubled quote raw") << "\"x\"\"y\"" << v << Brut << Enregistrements{{"\"x\"\"y\""}};
-        QTest::newRow("doubled quote sanitised")
-            << "\"say \"\"hi\"\"\"" << v << Propre << Enregistrements{{"say \"hi\""}};
-        QTest::newRow("newline inside quotes")
-            << "\"l1\r\nl2\",x\ny" << v << Propre << Enregistrements{{"l1\r\nl2", "x"}, {"y"}};
-        QTest::newRow("empty quoted fields") << "\"\",\"\"" << v << Propre << Enregistrements{{"", ""}};
-        QTest::newRow("open quote takes the rest") << "a,\"b\nc,d" << v << Propre << Enregistrements{{"a", "b\nc,d"}};
-        QTest::newRow("backslash is plain without escapes") << "a\\,b" << v << Propre << Enregistrements{{"a\\", "b"}};
-        QTest::newRow("backslash keeps the delimiter")
-            << "a\\,b,c" << v << (Echappe | Propre) << Enregistrements{{"a,b", "c"}};
-        QTest::newRow("escape kept raw") << "a\\,b" << v << Echappe << Enregistrements{{"a\\,b"}};
-        QTest::newRow("escaped newline") << "a\\\nb" << v << (Echappe | Propre) << Enregistrements{{"a\nb"}};
-        QTest::newRow("escaped quote in quoted field")
-            << "\"a\\\"b\",c" << v << (Echappe | Propre) << Enregistrements{{"a\"b", "c"}};
-        QTest::newRow("escaped quote raw") << "\"a\\\"b\"" << v << Echappe << Enregistrements{{"\"a\\\"b\""}};
-        QTest::newRow("backslash at the end") << "a\\" << v << (Echappe | Propre) << Enregistrements{{"a\\"}};
-        QTest::newRow("backslash delimiter wins")
-            << "a\\b" << QChar(u'\\') << (Echappe | Propre) << Enregistrements{{"a", "b"}};
-        QTest::newRow("hash is data without comments") << "#x,y" << v << Brut << Enregistrements{{"#x", "y"}};
-        QTest::newRow("comment lines skipped") << "#c1\na,b\n#c2\n" << v << Commentaires << Enregistrements{{"a", "b"}};
-        QTest::newRow("hash inside a line is data") << "a,#b" << v << Commentaires << Enregistrements{{"a", "#b"}};
-        QTest::newRow("spaces kept by default") << " a , b " << v << Brut << Enregistrements{{" a ", " b "}};
-        QTest::newRow("spaces stripped") << "  a  ,\t b c \t\n" << v << Rogne << Enregistrements{{"a", "b c"}};
-        QTest::newRow("quoted content not stripped")
-            << "  \" a \"  , b" << v << (Rogne | Propre) << Enregistrements{{" a ", "b"}};
-        QTest::newRow("whitespace-only line skipped when stripping")
-            << "a\n   \nb" << v << Rogne << Enregistrements{{"a"}, {"b"}};
-        QTest::newRow("whitespace-only line kept otherwise")
-            << "a\n  \nb" << v << Brut << Enregistrements{{"a"}, {"  "}, {"b"}};
-        QTest::newRow("escaped trailing space kept")
-            << "a\\  ,b" << v << (Rogne | Echappe | Propre) << Enregistrements{{"a ", "b"}};
-        QTest::newRow("indented comment when stripping")
-            << "  #c\na" << v << (Rogne | Commentaires) << Enregistrements{{"a"}};
-        QTest::newRow("tab delimiter not stripped")
-            << "a\t\t b " << QChar(u'\t') << Rogne << Enregistrements{{"a", "", "b"}};
-        QTest::newRow("semicolon delimiter") << "a;b,c" << QChar(u';') << Brut << Enregistrements{{"a", "b,c"}};
-        QTest::newRow("unicode fields") << "é,日本,😀\n" << v << Brut << Enregistrements{{"é", "日本", "😀"}};
-        QTest::newRow("non-ASCII delimiter") << "a§b" << QChar(u'§') << Brut << Enregistrements{{"a", "b"}};
+        cas("simple record", "a,b,c\n", v, Brut, Enregistrements{{"a", "b", "c"}});
+        cas("empty middle field", "a,,b", v, Brut, Enregistrements{{"a", "", "b"}});
+        cas("trailing delimiter", "a,b,\n", v, Brut, Enregistrements{{"a", "b", ""}});
+        cas("lone delimiter", ",", v, Brut, Enregistrements{{"", ""}});
+        cas("no final newline", "a\nb", v, Brut, Enregistrements{{"a"}, {"b"}});
+        cas("blank lines are not records", "\n\na\n\n\r\n\nb\n\n", v, Brut, Enregistrements{{"a"}, {"b"}});
+        cas("CR LF", "a,b\r\nc,d\r\n", v, Brut, Enregistrements{{"a", "b"}, {"c", "d"}});
+        cas("lone CR", "a\rb", v, Brut, Enregistrements{{"a"}, {"b"}});
+        cas("line separator", "a\u2028b\u0085c", v, Brut, Enregistrements{{"a"}, {"b"}, {"c"}});
+        cas("records of different lengths", "a\nb,c,d\ne,f", v, Brut,
+            Enregistrements{{"a"}, {"b", "c", "d"}, {"e", "f"}});
+        cas("quoted field raw", "\"a,b\",c", v, Brut, Enregistrements{{"\"a,b\"", "c"}});
+        cas("quoted field sanitised", "\"a,b\",c", v, Propre, Enregistrements{{"a,b", "c"}});
+        cas("doubled quote raw", "\"x\"\"y\"", v, Brut, Enregistrements{{"\"x\"\"y\""}});
+        cas("doubled quote sanitised", "\"say \"\"hi\"\"\"", v, Propre, Enregistrements{{"say \"hi\""}});
+        cas("newline inside quotes", "\"l1\r\nl2\",x\ny", v, Propre, Enregistrements{{"l1\r\nl2", "x"}, {"y"}});
+        cas("empty quoted fields", "\"\",\"\"", v, Propre, Enregistrements{{"", ""}});
+        cas("open quote takes the rest", "a,\"b\nc,d", v, Propre, Enregistrements{{"a", "b\nc,d"}});
+        cas("backslash is plain without escapes", "a\\,b", v, Propre, Enregistrements{{"a\\", "b"}});
+        cas("backslash keeps the delimiter", "a\\,b,c", v, (Echappe | Propre), Enregistrements{{"a,b", "c"}});
+        cas("escape kept raw", "a\\,b", v, Echappe, Enregistrements{{"a\\,b"}});
+        cas("escaped newline", "a\\\nb", v, (Echappe | Propre), Enregistrements{{"a\nb"}});
+        cas("escaped quote in quoted field", "\"a\\\"b\",c", v, (Echappe | Propre), Enregistrements{{"a\"b", "c"}});
+        cas("escaped quote raw", "\"a\\\"b\"", v, Echappe, Enregistrements{{"\"a\\\"b\""}});
+        cas("backslash at the end", "a\\", v, (Echappe | Propre), Enregistrements{{"a\\"}});
+        cas("backslash delimiter wins", "a\\b", QChar(u'\\'), (Echappe | Propre), Enregistrements{{"a", "b"}});
+        cas("hash is data without comments", "#x,y", v, Brut, Enregistrements{{"#x", "y"}});
+        cas("comment lines skipped", "#c1\na,b\n#c2\n", v, Commentaires, Enregistrements{{"a", "b"}});
+        cas("hash inside a line is data", "a,#b", v, Commentaires, Enregistrements{{"a", "#b"}});
+        cas("spaces kept by default", " a , b ", v, Brut, Enregistrements{{" a ", " b "}});
+        cas("spaces stripped", "  a  ,\t b c \t\n", v, Rogne, Enregistrements{{"a", "b c"}});
+        cas("quoted content not stripped", "  \" a \"  , b", v, (Rogne | Propre), Enregistrements{{" a ", "b"}});
+        cas("whitespace-only line skipped when stripping", "a\n   \nb", v, Rogne, Enregistrements{{"a"}, {"b"}});
+        cas("whitespace-only line kept otherwise", "a\n  \nb", v, Brut, Enregistrements{{"a"}, {"  "}, {"b"}});
+        cas("escaped trailing space kept", "a\\  ,b", v, (Rogne | Echappe | Propre), Enregistrements{{"a ", "b"}});
+        cas("indented comment when stripping", "  #c\na", v, (Rogne | Commentaires), Enregistrements{{"a"}});
+        cas("tab delimiter not stripped", "a\t\t b ", QChar(u'\t'), Rogne, Enregistrements{{"a", "", "b"}});
+        cas("semicolon delimiter", "a;b,c", QChar(u';'), Brut, Enregistrements{{"a", "b,c"}});
+        cas("unicode fields", "é,日本,😀\n", v, Brut, Enregistrements{{"é", "日本", "😀"}});
+        cas("non-ASCII delimiter", "a§b", QChar(u'§'), Brut, Enregistrements{{"a", "b"}});
     }
 
     void lecture()
@@ -162,21 +152,17 @@ private slots:
         QTest::addColumn<int>("options");
         QTest::addColumn<QStringList>("attendu");
 
-        QTest::newRow("empty document") << "" << Brut << QStringList{"debut", "fin"};
-        QTest::newRow("only blank lines") << "\n\r\n\n" << Brut << QStringList{"debut", "fin"};
-        QTest::newRow("one record") << "a,b" << Brut << QStringList{"debut",       "ligne 1",     "champ 0 [a]",
-                                                                    "champ 1 [b]", "fin ligne 1", "fin"};
-        QTest::newRow("comments in document order")
-            << "#début\na\n#x,y\nb" << Commentaires
-            << QStringList{
-                   "debut",   "commentaire [début]", "ligne 1",     "champ 0 [a]", "fin ligne 1", "commentaire [x,y]",
-                   "ligne 2", "champ 0 [b]",         "fin ligne 2", "fin"};
-        QTest::newRow("hash inside a quoted field")
-            << "\"x\n#y\"" << (Commentaires | Propre)
-            << QStringList{"debut", "ligne 1", "champ 0 [x\n#y]", "fin ligne 1", "fin"};
-        QTest::newRow("error stops the parse")
-            << "a\n\"b\"c\nd" << Brut
-            << QStringList{"debut", "ligne 1", "champ 0 [a]", "fin ligne 1", "ligne 2", "champ 0 [\"b\"]", "erreur 1"};
+        cas("empty document", "", Brut, QStringList{"debut", "fin"});
+        cas("only blank lines", "\n\r\n\n", Brut, QStringList{"debut", "fin"});
+        cas("one record", "a,b", Brut,
+            QStringList{"debut", "ligne 1", "champ 0 [a]", "champ 1 [b]", "fin ligne 1", "fin"});
+        cas("comments in document order", "#début\na\n#x,y\nb", Commentaires,
+            QStringList{"debut", "commentaire [début]", "ligne 1", "champ 0 [a]", "fin ligne 1", "commentaire [x,y]",
+                        "ligne 2", "champ 0 [b]", "fin ligne 2", "fin"});
+        cas("hash inside a quoted field", "\"x\n#y\"", (Commentaires | Propre),
+            QStringList{"debut", "ligne 1", "champ 0 [x\n#y]", "fin ligne 1", "fin"});
+        cas("error stops the parse", "a\n\"b\"c\nd", Brut,
+            QStringList{"debut", "ligne 1", "champ 0 [a]", "fin ligne 1", "ligne 2", "champ 0 [\"b\"]", "erreur 1"});
     }
 
     void evenements()
@@ -197,34 +183,26 @@ private slots:
         QTest::addColumn<Enregistrements>("avant");
 
         const QChar v = u',';
-        QTest::newRow("text after a closing quote")
-            << "\"a\"b" << v << Brut << "Unexpected delimiter. Expected ',' (0x2C), but got 'b' (0x62)"
-            << "Line 1, column 4" << Enregistrements{};
-        QTest::newRow("quote inside an unquoted field")
-            << "ab\"c\"" << v << Propre << "Unexpected delimiter. Expected ',' (0x2C), but got '\"' (0x22)"
-            << "Line 1, column 3" << Enregistrements{};
-        QTest::newRow("space after a closing quote")
-            << "\"a\" ,b" << v << Propre << "Unexpected delimiter. Expected ',' (0x2C), but got ' ' (0x20)"
-            << "Line 1, column 4" << Enregistrements{};
-        QTest::newRow("stripping does not excuse text")
-            << "\"a\"  x" << v << Rogne << "Unexpected delimiter. Expected ',' (0x2C), but got 'x' (0x78)"
-            << "Line 1, column 6" << Enregistrements{};
-        QTest::newRow("semicolon expected")
-            << "\"a\",b" << QChar(u';') << Brut << "Unexpected delimiter. Expected ';' (0x3B), but got ',' (0x2C)"
-            << "Line 1, column 4" << Enregistrements{};
-        QTest::newRow("tab expected") << "x\n\"a\"\"\"b" << QChar(u'\t') << Brut
-                                      << "Unexpected delimiter. Expected '\t' (0x9), but got 'b' (0x62)"
-                                      << "Line 2, column 6" << Enregistrements{{"x"}};
-        QTest::newRow("character outside the BMP")
-            << "\"a\"😀" << v << Brut << "Unexpected delimiter. Expected ',' (0x2C), but got '😀' (0x1F600)"
-            << "Line 1, column 4" << Enregistrements{};
-        QTest::newRow("unescaped quote after an escaped one")
-            << "a\\\"b\"" << v << (Echappe | Propre) << "Unexpected delimiter. Expected ',' (0x2C), but got '\"' (0x22)"
-            << "Line 1, column 5" << Enregistrements{};
-        QTest::newRow("error on a later line keeps earlier records")
-            << "a,b\r\nc,d\r\n\"e\nf\"g" << v << Propre
-            << "Unexpected delimiter. Expected ',' (0x2C), but got 'g' (0x67)"
-            << "Line 4, column 3" << Enregistrements{{"a", "b"}, {"c", "d"}};
+        cas("text after a closing quote", "\"a\"b", v, Brut,
+            "Unexpected delimiter. Expected ',' (0x2C), but got 'b' (0x62)", "Line 1, column 4", Enregistrements{});
+        cas("quote inside an unquoted field", "ab\"c\"", v, Propre,
+            "Unexpected delimiter. Expected ',' (0x2C), but got '\"' (0x22)", "Line 1, column 3", Enregistrements{});
+        cas("space after a closing quote", "\"a\" ,b", v, Propre,
+            "Unexpected delimiter. Expected ',' (0x2C), but got ' ' (0x20)", "Line 1, column 4", Enregistrements{});
+        cas("stripping does not excuse text", "\"a\"  x", v, Rogne,
+            "Unexpected delimiter. Expected ',' (0x2C), but got 'x' (0x78)", "Line 1, column 6", Enregistrements{});
+        cas("semicolon expected", "\"a\",b", QChar(u';'), Brut,
+            "Unexpected delimiter. Expected ';' (0x3B), but got ',' (0x2C)", "Line 1, column 4", Enregistrements{});
+        cas("tab expected", "x\n\"a\"\"\"b", QChar(u'\t'), Brut,
+            "Unexpected delimiter. Expected '\t' (0x9), but got 'b' (0x62)", "Line 2, column 6",
+            Enregistrements{{"x"}});
+        cas("character outside the BMP", "\"a\"😀", v, Brut,
+            "Unexpected delimiter. Expected ',' (0x2C), but got '😀' (0x1F600)", "Line 1, column 4", Enregistrements{});
+        cas("unescaped quote after an escaped one", "a\\\"b\"", v, (Echappe | Propre),
+            "Unexpected delimiter. Expected ',' (0x2C), but got '\"' (0x22)", "Line 1, column 5", Enregistrements{});
+        cas("error on a later line keeps earlier records", "a,b\r\nc,d\r\n\"e\nf\"g", v, Propre,
+            "Unexpected delimiter. Expected ',' (0x2C), but got 'g' (0x67)", "Line 4, column 3",
+            Enregistrements{{"a", "b"}, {"c", "d"}});
     }
 
     void erreurs()
@@ -256,17 +234,17 @@ private slots:
         QTest::addColumn<QChar>("delimiter");
         QTest::addColumn<QString>("message");
 
-        QTest::newRow("line feed") << QChar(u'\n') << "The field delimiter may not be a newline";
-        QTest::newRow("carriage return") << QChar(u'\r') << "The field delimiter may not be a newline";
-        QTest::newRow("form feed") << QChar(u'\f') << "The field delimiter may not be a newline";
-        QTest::newRow("next line") << QChar(u'\u0085') << "The field delimiter may not be a newline";
-        QTest::newRow("paragraph separator") << QChar(u'\u2029') << "The field delimiter may not be a newline";
-        QTest::newRow("double quote") << QChar(u'"') << "The field delimiter may not be a double quote";
-        QTest::newRow("octothorpe") << QChar(u'#') << "The field delimiter may not be an octothorpe";
-        QTest::newRow("comma accepted") << QChar(u',') << "";
-        QTest::newRow("tab accepted") << QChar(u'\t') << "";
-        QTest::newRow("space accepted") << QChar(u' ') << "";
-        QTest::newRow("backslash accepted") << QChar(u'\\') << "";
+        cas("line feed", QChar(u'\n'), "The field delimiter may not be a newline");
+        cas("carriage return", QChar(u'\r'), "The field delimiter may not be a newline");
+        cas("form feed", QChar(u'\f'), "The field delimiter may not be a newline");
+        cas("next line", QChar(u'\u0085'), "The field delimiter may not be a newline");
+        cas("paragraph separator", QChar(u'\u2029'), "The field delimiter may not be a newline");
+        cas("double quote", QChar(u'"'), "The field delimiter may not be a double quote");
+        cas("octothorpe", QChar(u'#'), "The field delimiter may not be an octothorpe");
+        cas("comma accepted", QChar(u','), "");
+        cas("tab accepted", QChar(u'\t'), "");
+        cas("space accepted", QChar(u' '), "");
+        cas("backslash accepted", QChar(u'\\'), "");
     }
 
     void refus()
@@ -301,16 +279,13 @@ private slots:
         QTest::addColumn<QString>("evenement");
         QTest::addColumn<QStringList>("attendu");
 
-        QTest::newRow("at the start") << "debut" << QStringList{"debut"};
-        QTest::newRow("at a record") << "ligne 2"
-                                     << QStringList{"debut",       "commentaire [c]", "ligne 1", "champ 0 [a]",
-                                                    "champ 1 [b]", "fin ligne 1",     "ligne 2"};
-        QTest::newRow("at a field") << "champ 0 [a]"
-                                    << QStringList{"debut", "commentaire [c]", "ligne 1", "champ 0 [a]"};
-        QTest::newRow("at a comment") << "commentaire [c]" << QStringList{"debut", "commentaire [c]"};
-        QTest::newRow("at the end of a record")
-            << "fin ligne 1"
-            << QStringList{"debut", "commentaire [c]", "ligne 1", "champ 0 [a]", "champ 1 [b]", "fin ligne 1"};
+        cas("at the start", "debut", QStringList{"debut"});
+        cas("at a record", "ligne 2",
+            QStringList{"debut", "commentaire [c]", "ligne 1", "champ 0 [a]", "champ 1 [b]", "fin ligne 1", "ligne 2"});
+        cas("at a field", "champ 0 [a]", QStringList{"debut", "commentaire [c]", "ligne 1", "champ 0 [a]"});
+        cas("at a comment", "commentaire [c]", QStringList{"debut", "commentaire [c]"});
+        cas("at the end of a record", "fin ligne 1",
+            QStringList{"debut", "commentaire [c]", "ligne 1", "champ 0 [a]", "champ 1 [b]", "fin ligne 1"});
     }
 
     void annulation()

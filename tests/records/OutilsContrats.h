@@ -99,12 +99,4 @@ inline int ajouterFrais(const QString& chemin, const QString& details, double mo
     return int(base.dernierIdInsere());
 }
 
-inline QString valeur(const QString& chemin, const QString& sql)
-{
-    BaseDeDonnees base;
-    if (!base.ouvrirEnLecture(chemin))
-        return QStringLiteral("<illisible>");
-    return base.texte(sql);
-}
-
 } // namespace corvane::test

@@ -3,6 +3,7 @@
 // deletion with expense links, the check boxes, the remembered dates, the sickness overlap
 // count and the day-number list rules.
 
+#include "commun/Reference.h"
 #include "records/Contrats.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
@@ -82,27 +83,23 @@ private slots:
         QTest::addColumn<QStringList>("attendus");
 
         const QString x;
-        QTest::newRow("all, latest first")
-            << "tous" << 0 << 0 << x << x << x << false << QStringList{"D", "C", "B", "A", "E"};
-        QTest::newRow("done") << "tous" << 1 << 0 << x << x << x << false << QStringList{"B", "A", "E"};
-        QTest::newRow("planned") << "tous" << 2 << 0 << x << x << x << false << QStringList{"D", "C"};
-        QTest::newRow("paid") << "tous" << 0 << 1 << x << x << x << false << QStringList{"A", "E"};
-        QTest::newRow("unpaid and done") << "tous" << 1 << 2 << x << x << x << false << QStringList{"B"};
-        QTest::newRow("type") << "tous" << 0 << 0 << "Prestations" << x << x << false << QStringList{"C", "A", "E"};
-        QTest::newRow("employer with a quote")
-            << "tous" << 0 << 0 << x << "Théâtre d'Orly" << x << false << QStringList{"C", "A", "E"};
-        QTest::newRow("job") << "tous" << 0 << 0 << x << x << "Technicien" << false << QStringList{"C"};
-        QTest::newRow("type and employer") << "tous" << 0 << 0 << "Formations"
-                                           << "Opéra" << x << false << QStringList{"D"};
+        cas("all, latest first", "tous", 0, 0, x, x, x, false, QStringList{"D", "C", "B", "A", "E"});
+        cas("done", "tous", 1, 0, x, x, x, false, QStringList{"B", "A", "E"});
+        cas("planned", "tous", 2, 0, x, x, x, false, QStringList{"D", "C"});
+        cas("paid", "tous", 0, 1, x, x, x, false, QStringList{"A", "E"});
+        cas("unpaid and done", "tous", 1, 2, x, x, x, false, QStringList{"B"});
+        cas("type", "tous", 0, 0, "Prestations", x, x, false, QStringList{"C", "A", "E"});
+        cas("employer with a quote", "tous", 0, 0, x, "Théâtre d'Orly", x, false, QStringList{"C", "A", "E"});
+        cas("job", "tous", 0, 0, x, x, "Technicien", false, QStringList{"C"});
+        cas("type and employer", "tous", 0, 0, "Formations", "Opéra", x, false, QStringList{"D"});
         // Text comparison: 1 January of this year is in, 1 January of next year is not.
-        QTest::newRow("this year") << "annee" << 0 << 0 << x << x << x << false << QStringList{"C", "B", "A"};
-        QTest::newRow("this year, done") << "annee" << 1 << 0 << x << x << x << false << QStringList{"B", "A"};
-        QTest::newRow("period") << "periode" << 0 << 0 << x << x << x << false << QStringList{"C", "B"};
-        QTest::newRow("period, unpaid planned") << "periode" << 2 << 2 << x << x << x << false << QStringList{"C"};
-        QTest::newRow("reference period")
-            << "periode_reference" << 0 << 0 << x << x << x << false << QStringList{"C", "B"};
-        QTest::newRow("reference period stretched by a sickness leave")
-            << "periode_reference" << 0 << 0 << x << x << x << true << QStringList{"D", "C", "B"};
+        cas("this year", "annee", 0, 0, x, x, x, false, QStringList{"C", "B", "A"});
+        cas("this year, done", "annee", 1, 0, x, x, x, false, QStringList{"B", "A"});
+        cas("period", "periode", 0, 0, x, x, x, false, QStringList{"C", "B"});
+        cas("period, unpaid planned", "periode", 2, 2, x, x, x, false, QStringList{"C"});
+        cas("reference period", "periode_reference", 0, 0, x, x, x, false, QStringList{"C", "B"});
+        cas("reference period stretched by a sickness leave", "periode_reference", 0, 0, x, x, x, true,
+            QStringList{"D", "C", "B"});
     }
 
     void filtres()
@@ -157,16 +154,11 @@ private slots:
         QTest::addColumn<QStringList>("attendus");
         const QStringList recentsDabord{"D", "C", "B", "A", "E"};
         const QStringList anciensDabord{"E", "A", "B", "C", "D"};
-        QTest::newRow("ASC lists the latest first") << "ASC"
-                                                    << "DESC" << recentsDabord;
-        QTest::newRow("DESC with the setting DESC") << "DESC"
-                                                    << "DESC" << anciensDabord;
-        QTest::newRow("DESC with the setting ASC") << "DESC"
-                                                   << "ASC" << recentsDabord;
-        QTest::newRow("no word, setting DESC") << ""
-                                               << "DESC" << anciensDabord;
-        QTest::newRow("no word, setting ASC") << ""
-                                              << "ASC" << recentsDabord;
+        cas("ASC lists the latest first", "ASC", "DESC", recentsDabord);
+        cas("DESC with the setting DESC", "DESC", "DESC", anciensDabord);
+        cas("DESC with the setting ASC", "DESC", "ASC", recentsDabord);
+        cas("no word, setting DESC", "", "DESC", anciensDabord);
+        cas("no word, setting ASC", "", "ASC", recentsDabord);
     }
 
     void tri()
@@ -190,20 +182,10 @@ private slots:
         FiltreContrats filtre;
         filtre.filtreEmploi = true;
         filtre.emploi = QStringLiteral("Ouvrier");
+        // Every display key of the row, its linked expenses included; amounts are single-precision.
         const Table lignes = contrats.listeLesContrats(filtre);
-        QCOMPARE(lignes.size(), 1);
-        const Ligne l = lignes.ligne(0);
-        QCOMPARE(l.value("Date Debut").toString(), QStringLiteral("10/03/2024"));
-        QCOMPARE(l.value("Date Fin SQLite").toString(), QStringLiteral("2024-03-14 00:00:00.000"));
-        QCOMPARE(l.value("Emploi").toString(), QStringLiteral("Ouvrier"));
-        QCOMPARE(l.value("Employeur").toString(), QStringLiteral("Opéra"));
-        QCOMPARE(l.value("Salaire Brut").typeId(), int(QMetaType::Float));
-        QCOMPARE(l.value("Salaire Brut").toFloat(), 500.0f);
-        QCOMPARE(l.value("Heures").toInt(), 40);
-        QCOMPARE(l.value("Type").toInt(), 2);
-        QCOMPARE(l.value("Guso").toInt(), 1);
-        QCOMPARE(l.value("AEM - FP").toInt(), 1);
-        QCOMPARE(l.value("Id Frais Lie").toString(), QStringLiteral("%1,%2").arg(frais1).arg(frais2));
+        CORVANE_COMPARER_REFERENCE(texteTable(lignes), "contrats_ligne.txt");
+        QCOMPARE(lignes.valeur(0, "Salaire Brut").typeId(), int(QMetaType::Float));
         // The model's own listing has only its keys.
         QCOMPARE(contrats.listeLesContrats(filtre, false).cles.size(), 20);
         contrats.enregistreFraisLies(m_ids["B"], {});
@@ -279,17 +261,9 @@ private slots:
         c.note = QStringLiteral("Répétition de l'été");
         c.fonction = QStringLiteral("Chef d'orchestre");
         c.id = contrats.enregistreContrat(c);
-        const int id = c.id;
-        QVERIFY(id > 0);
-        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_note FROM contrats WHERE c_id = %1;").arg(id)),
-                 QStringLiteral("Répétition de l'été"));
-        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_salaire_brut FROM contrats WHERE c_id = %1;").arg(id)),
-                 QStringLiteral("412.35"));
-
+        QCOMPARE(c.id, 1);
         c.fonction = QStringLiteral("Régisseur 'plateau'");
         contrats.modifieContrat(c);
-        QCOMPARE(valeur(chemin, QStringLiteral("SELECT c_fonction FROM contrats WHERE c_id = %1;").arg(id)),
-                 QStringLiteral("Régisseur 'plateau'"));
 
         c.lieu = QStringLiteral("Salle l'Européen");
         c.datesTravaillees = QStringList{"02/04/2024", "03/04/2024"};
@@ -299,12 +273,8 @@ private slots:
         c.pas = 21.5;
         c.id = contrats.enregistreContratDepuisEcran(c);
         const int ecran = c.id;
-        QVERIFY(ecran > id);
-        QCOMPARE(
-            valeur(chemin, QStringLiteral("SELECT c_lieu || '|' || c_dates_travaillees || '|' || c_aem_fp || '|' "
-                                          "|| c_pas || '|' || c_salaire_net_a_payer FROM contrats WHERE c_id = %1;")
-                               .arg(ecran)),
-            QStringLiteral("Salle l'Européen|02/04/2024,03/04/2024|0|21.5|300.0"));
+        QCOMPARE(ecran, 2);
+        QCOMPARE(contrats.chargeContrat(ecran)->lieu, QStringLiteral("Salle l'Européen"));
         c.lieu = QStringLiteral("Chez \"Lulu\" l'après-midi");
         contrats.modifieContratDepuisEcran(c);
         const std::optional<Contrat> charge = contrats.chargeContrat(ecran);
@@ -313,21 +283,12 @@ private slots:
         QCOMPARE(charge->pas, 21.5);
 
         const int copie = contrats.dupliqueContrat(ecran);
-        QVERIFY(copie > ecran);
-        const std::optional<Contrat> relu = Contrats(chemin).chargeContrat(copie);
-        QVERIFY(relu);
-        QCOMPARE(relu->note, QStringLiteral("Répétition de l'été"));
-        QCOMPARE(relu->fonction, QStringLiteral("Régisseur 'plateau'"));
-        QCOMPARE(relu->lieu, QStringLiteral("Chez \"Lulu\" l'après-midi"));
-        QCOMPARE(relu->datesTravaillees, (QStringList{"02/04/2024", "03/04/2024"}));
-        QCOMPARE(relu->anneeEncaissement, 2024);
-        QCOMPARE(relu->netAPayer, 300.0);
-        QCOMPARE(relu->brut, 412.35);
-        // The copy takes no expenses, and the two columns the statement leaves out keep their defaults.
-        QVERIFY(relu->fraisLies.isEmpty());
-        QCOMPARE(relu->aemFp, true);
-        QCOMPARE(relu->pas, 0.0);
-        QCOMPARE(relu->listeDates, QString());
+        QCOMPARE(copie, 3);
+        // The copy takes no expenses, and the two columns the statement leaves out keep their
+        // defaults; the other columns as saved, quotes and amounts to the cent.
+        CORVANE_COMPARER_REFERENCE(texteRequete(chemin, "SELECT * FROM contrats ORDER BY c_id;"),
+                                   "contrats_guillemets.txt");
+        QCOMPARE(Contrats(chemin).chargeContrat(copie)->datesTravaillees, (QStringList{"02/04/2024", "03/04/2024"}));
     }
 
     void cases()
@@ -411,13 +372,12 @@ private slots:
         const QString une = QStringLiteral("Ce contrat chevauche une période de Sécurité Sociale existante.");
         const QString plusieurs =
             QStringLiteral("Ce contrat chevauche plusieurs périodes de Sécurité Sociale existantes.");
-        QTest::newRow("none") << QDate(2024, 2, 1) << QDate(2024, 2, 5) << 0 << QString();
-        QTest::newRow("inside the contract counts three times")
-            << QDate(2024, 3, 11) << QDate(2024, 3, 12) << 3 << plusieurs;
-        QTest::newRow("around the contract") << QDate(2024, 3, 1) << QDate(2024, 3, 31) << 1 << une;
-        QTest::newRow("touching the first day") << QDate(2024, 3, 5) << QDate(2024, 3, 10) << 1 << une;
-        QTest::newRow("touching the last day") << QDate(2024, 3, 14) << QDate(2024, 3, 20) << 1 << une;
-        QTest::newRow("the same dates") << QDate(2024, 3, 10) << QDate(2024, 3, 14) << 4 << plusieurs;
+        cas("none", QDate(2024, 2, 1), QDate(2024, 2, 5), 0, QString());
+        cas("inside the contract counts three times", QDate(2024, 3, 11), QDate(2024, 3, 12), 3, plusieurs);
+        cas("around the contract", QDate(2024, 3, 1), QDate(2024, 3, 31), 1, une);
+        cas("touching the first day", QDate(2024, 3, 5), QDate(2024, 3, 10), 1, une);
+        cas("touching the last day", QDate(2024, 3, 14), QDate(2024, 3, 20), 1, une);
+        cas("the same dates", QDate(2024, 3, 10), QDate(2024, 3, 14), 4, plusieurs);
     }
 
     void superpositions()
@@ -438,12 +398,12 @@ private slots:
     {
         QTest::addColumn<QString>("liste");
         QTest::addColumn<bool>("accepte");
-        QTest::newRow("a1: only the last character counts") << "a1" << true;
-        QTest::newRow("1a") << "1a" << false;
-        QTest::newRow("3,4") << "3,4" << true;
-        QTest::newRow("trailing comma") << "3," << true;
-        QTest::newRow("blank at the end") << "3 " << false;
-        QTest::newRow("empty") << "" << true;
+        cas("a1: only the last character counts", "a1", true);
+        cas("1a", "1a", false);
+        cas("3,4", "3,4", true);
+        cas("trailing comma", "3,", true);
+        cas("blank at the end", "3 ", false);
+        cas("empty", "", true);
     }
 
     void caracteres()
@@ -463,36 +423,21 @@ private slots:
         const QDate mars10(2024, 3, 10), mars14(2024, 3, 14);
         const QDate mars28(2024, 3, 28), avril3(2024, 4, 3);
         const QDate dec28(2024, 12, 28), jan3(2025, 1, 3);
-        QTest::newRow("leading comma") << ",3"
-                                       << "modif" << mars10 << mars14 << false;
-        QTest::newRow("trailing comma") << "3,"
-                                        << "modif" << mars10 << mars14 << false;
-        QTest::newRow("two commas") << "3,,4"
-                                    << "modif" << mars10 << mars14 << false;
-        QTest::newRow("repeated number") << "3,3"
-                                         << "modif" << mars10 << mars14 << false;
-        QTest::newRow("repeated among others") << "3,4,5,4"
-                                               << "modif" << mars10 << mars14 << false;
-        QTest::newRow("distinct numbers") << "3,4,7"
-                                          << "modif" << mars10 << mars14 << true;
-        QTest::newRow("out of the dates, not new") << "30"
-                                                   << "modif" << mars10 << mars14 << true;
-        QTest::newRow("new, same month, inside") << "10,12,14"
-                                                 << "nouveau" << mars10 << mars14 << true;
-        QTest::newRow("new, same month, before") << "9"
-                                                 << "nouveau" << mars10 << mars14 << false;
-        QTest::newRow("new, same month, after") << "15"
-                                                << "nouveau" << mars10 << mars14 << false;
-        QTest::newRow("new, two months, both ends") << "28,31,1,3"
-                                                    << "nouveau" << mars28 << avril3 << true;
-        QTest::newRow("new, two months, before the start") << "27"
-                                                           << "nouveau" << mars28 << avril3 << false;
-        QTest::newRow("new, two months, after the end") << "4"
-                                                        << "nouveau" << mars28 << avril3 << false;
-        QTest::newRow("new, across the new year: not checked") << "15"
-                                                               << "nouveau" << dec28 << jan3 << true;
-        QTest::newRow("new, across the new year, repeated") << "29,29"
-                                                            << "nouveau" << dec28 << jan3 << false;
+        cas("leading comma", ",3", "modif", mars10, mars14, false);
+        cas("trailing comma", "3,", "modif", mars10, mars14, false);
+        cas("two commas", "3,,4", "modif", mars10, mars14, false);
+        cas("repeated number", "3,3", "modif", mars10, mars14, false);
+        cas("repeated among others", "3,4,5,4", "modif", mars10, mars14, false);
+        cas("distinct numbers", "3,4,7", "modif", mars10, mars14, true);
+        cas("out of the dates, not new", "30", "modif", mars10, mars14, true);
+        cas("new, same month, inside", "10,12,14", "nouveau", mars10, mars14, true);
+        cas("new, same month, before", "9", "nouveau", mars10, mars14, false);
+        cas("new, same month, after", "15", "nouveau", mars10, mars14, false);
+        cas("new, two months, both ends", "28,31,1,3", "nouveau", mars28, avril3, true);
+        cas("new, two months, before the start", "27", "nouveau", mars28, avril3, false);
+        cas("new, two months, after the end", "4", "nouveau", mars28, avril3, false);
+        cas("new, across the new year: not checked", "15", "nouveau", dec28, jan3, true);
+        cas("new, across the new year, repeated", "29,29", "nouveau", dec28, jan3, false);
     }
 
     void format()

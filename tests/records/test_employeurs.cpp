@@ -1,7 +1,7 @@
 // Employers: saving and listing (quotes everywhere), the duplicate rule, the two ways
 // of deleting, the totals and the chart, and the import from another document.
 
-#include "commun/OutilsDocument.h"
+#include "commun/Reference.h"
 #include "records/Employeurs.h"
 #include "store/Horloge.h"
 
@@ -83,29 +83,10 @@ private slots:
         QVERIFY(employeurs.enregistreComplements(e));
         QVERIFY(employeurs.enregistreEmployeur(employeur("Atelier", "Lyon")) > 0);
 
+        // Sorted by name, every field as saved, read back as an employer too.
         const Table liste = employeurs.listeLesEmployeurs();
-        QCOMPARE(liste.size(), 3);
-        // Sorted by name.
-        QCOMPARE(liste.valeur(0, "Enseigne").toString(), QStringLiteral("Atelier"));
-        QCOMPARE(liste.valeur(1, "Enseigne").toString(), QStringLiteral("Inconnu"));
-        const Employeur relu = Employeurs::depuisLigne(liste.ligne(2));
-        QCOMPARE(relu.raisonSociale, e.raisonSociale);
-        QCOMPARE(relu.adresse, e.adresse);
-        QCOMPARE(relu.codePostal, e.codePostal);
-        QCOMPARE(relu.commune, e.commune);
-        QCOMPARE(relu.email, e.email);
-        QCOMPARE(relu.interlocuteur, e.interlocuteur);
-        QCOMPARE(relu.telephone, e.telephone);
-        QCOMPARE(relu.conventionne, 0);
-        QCOMPARE(relu.siret, e.siret);
-        QCOMPARE(relu.licenceSpectacle, e.licenceSpectacle);
-        QCOMPARE(relu.couleur, e.couleur);
-        QCOMPARE(relu.guso, 1);
-        QCOMPARE(relu.numeroGuso, e.numeroGuso);
-        QCOMPARE(relu.codeApe, e.codeApe);
-        QCOMPARE(relu.latitude, 48.88);
-        QCOMPARE(relu.prospect, 0);
-        QCOMPARE(relu.qualiteId, 3);
+        CORVANE_COMPARER_REFERENCE(texteTable(liste), "employeurs_liste.txt");
+        QCOMPARE(Employeurs::versLigne(Employeurs::depuisLigne(liste.ligne(2))), liste.ligne(2));
 
         QCOMPARE(employeurs.retrouveIdEmployeur("Théâtre de l'Œuvre"), 2);
         QCOMPARE(employeurs.existanceEmployeur("Théâtre de l'Œuvre", "94'240", "L'Haÿ-les-Roses"), 1);
@@ -128,21 +109,11 @@ private slots:
         QTest::addColumn<QString>("codePostal");
         QTest::addColumn<QString>("commune");
         QTest::addColumn<QString>("refus");
-        QTest::newRow("same name, another town") << "Le Zèbre"
-                                                 << "75001"
-                                                 << "Lyon" << QString();
-        QTest::newRow("same name, another postal code") << "Le Zèbre"
-                                                        << "75002"
-                                                        << "Paris" << QString();
-        QTest::newRow("same name, postal code and town") << "Le Zèbre"
-                                                         << "75001"
-                                                         << "Paris" << Employeurs::messageExisteDeja();
-        QTest::newRow("another name") << "Le Zèbre d'or"
-                                      << "75001"
-                                      << "Paris" << QString();
-        QTest::newRow("no name") << "  "
-                                 << "75001"
-                                 << "Paris" << Employeurs::messageRaisonSocialeObligatoire();
+        cas("same name, another town", "Le Zèbre", "75001", "Lyon", QString());
+        cas("same name, another postal code", "Le Zèbre", "75002", "Paris", QString());
+        cas("same name, postal code and town", "Le Zèbre", "75001", "Paris", Employeurs::messageExisteDeja());
+        cas("another name", "Le Zèbre d'or", "75001", "Paris", QString());
+        cas("no name", "  ", "75001", "Paris", Employeurs::messageRaisonSocialeObligatoire());
     }
 
     void doublons()
@@ -187,11 +158,9 @@ private slots:
         QTest::addColumn<int>("contratsRestants");
         QTest::addColumn<int>("modelesRestants");
         // Templates: one naming the employer, one naming another.
-        QTest::newRow("no contracts: employer and its templates go, no question")
-            << false << "" << false << true << 1 << 1;
-        QTest::newRow("contracts, \"Tout\": contracts and employer go, templates stay")
-            << true << "Tout" << true << true << 1 << 2;
-        QTest::newRow("contracts, \"Rien\": nothing changes") << true << "Rien" << true << false << 3 << 2;
+        cas("no contracts: employer and its templates go, no question", false, "", false, true, 1, 1);
+        cas("contracts, \"Tout\": contracts and employer go, templates stay", true, "Tout", true, true, 1, 2);
+        cas("contracts, \"Rien\": nothing changes", true, "Rien", true, false, 3, 2);
     }
 
     void suppression()
@@ -268,8 +237,8 @@ private slots:
     void import_data()
     {
         QTest::addColumn<bool>("ancienneGeneration");
-        QTest::newRow("current document") << false;
-        QTest::newRow("generation 3, without the later columns") << true;
+        cas("current document", false);
+        cas("generation 3, without the later columns", true);
     }
 
     void import()
@@ -328,10 +297,10 @@ private slots:
     {
         QTest::addColumn<QString>("cas");
         QTest::addColumn<QString>("message");
-        QTest::newRow("the open document") << "ouvert" << Employeurs::messageFichierDejaOuvert();
-        QTest::newRow("the open document, another spelling") << "relatif" << Employeurs::messageFichierDejaOuvert();
-        QTest::newRow("not a document") << "texte" << Employeurs::messageFichierIllisible();
-        QTest::newRow("missing") << "absent" << Employeurs::messageFichierIllisible();
+        cas("the open document", "ouvert", Employeurs::messageFichierDejaOuvert());
+        cas("the open document, another spelling", "relatif", Employeurs::messageFichierDejaOuvert());
+        cas("not a document", "texte", Employeurs::messageFichierIllisible());
+        cas("missing", "absent", Employeurs::messageFichierIllisible());
     }
 
     void importRefuse()

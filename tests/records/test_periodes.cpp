@@ -1,8 +1,8 @@
 // Periods and the new-period assistant: saving and listing, the duplicate rule, the
-// defaults by annex before and after 1 August 2016, the automatic profile update, and
-// the management window's refusals.
+// defaults by annex before and after 1 August 2016 and the automatic profile update (the
+// management window's refusals are tested on screen, test_periodes_ecran).
 
-#include "commun/OutilsDocument.h"
+#include "commun/Reference.h"
 #include "records/NouvellePeriode.h"
 #include "records/Periodes.h"
 #include "records/Profil.h"
@@ -57,25 +57,16 @@ private slots:
         p.attente = 0;
         p.id = periodes.enregistrePeriode(p);
         QCOMPARE(p.id, 2);
+        // Saved with the defaults: 7 days of waiting, no leave, no wage allowance.
         QCOMPARE(periodes.enregistrePeriode(periode(QDate(2022, 1, 1), QDate(2022, 12, 31), "L'ancienne")), 3);
         QCOMPARE(periodes.nombreDePeriodes(), 3);
 
+        // Newest first, with every display key.
         const Lignes liste = periodes.listeLesPeriodes();
-        QCOMPARE(liste.size(), 3);
-        // Newest first.
-        QCOMPARE(liste[0].value("Id").toInt(), 2);
-        QCOMPARE(liste[2].value("Id").toInt(), 3);
         QStringList cles = Periodes::clesListe();
         cles.sort();
-        QCOMPARE(liste[0].keys(), cles);
-        QCOMPARE(liste[0].value("Libelle").toString(), QStringLiteral("Période d'après"));
-        QCOMPARE(liste[0].value("Début").toString(), QStringLiteral("01/03/2025"));
-        QCOMPARE(liste[0].value("Fin").toString(), QStringLiteral("28/02/2026"));
-        QCOMPARE(liste[0].value("Début SQLite").toString(), QStringLiteral("2025-03-01 00:00:00.000"));
-        QCOMPARE(liste[0].value("Notes").toString(), QStringLiteral("Notes de l'été"));
-        QCOMPARE(liste[0].value("Congés").toInt(), 3);
-        QCOMPARE(liste[0].value("Franchise salaires").toInt(), 5);
-        QCOMPARE(liste[0].value("Délai d'attente").toInt(), 0);
+        QCOMPARE(liste.value(0).keys(), cles);
+        CORVANE_COMPARER_REFERENCE(texteLignes(liste), "periodes_liste.txt");
 
         const Lignes toutes = periodes.toutesLesPeriodes();
         QCOMPARE(toutes.first().value("Libelle").toString(), QStringLiteral("L'ancienne")); // oldest first
@@ -85,27 +76,13 @@ private slots:
         p.debut = QDate(2025, 3, 2);
         p.notes = QString();
         QVERIFY(periodes.modifiePeriode(p));
-        const Periode relue = *periodes.periode(2);
-        QCOMPARE(relue.libelle, QStringLiteral("Période d'hiver"));
-        QCOMPARE(relue.debut, QDate(2025, 3, 2));
-        QCOMPARE(relue.notes, QString());
-        QCOMPARE(relue.conges, 3);
+        CORVANE_COMPARER_REFERENCE(texteRequete(chemin, "SELECT * FROM periodes WHERE p_id = 2;"),
+                                   "periode_modifiee.txt");
+        QCOMPARE(periodes.periode(2)->libelle, QStringLiteral("Période d'hiver"));
 
         QVERIFY(periodes.supprimePeriode(3));
         QCOMPARE(periodes.compteLesPeriodes(), 2);
         QVERIFY(!periodes.periode(3));
-    }
-
-    void delaiDAttente()
-    {
-        const QString chemin = document();
-        Periodes periodes(chemin);
-        // The new document's period, and one saved with the defaults.
-        QCOMPARE(periodes.periode(1)->attente, 7);
-        const int id = periodes.enregistrePeriode(periode(QDate(2025, 1, 1), QDate(2025, 12, 31), "x"));
-        QCOMPARE(periodes.periode(id)->attente, 7);
-        QCOMPARE(periodes.periode(id)->conges, 0);
-        QCOMPARE(periodes.periode(id)->franchiseSalaires, 0);
     }
 
     void periodeEnCours()
@@ -120,47 +97,19 @@ private slots:
         QCOMPARE(periodes.periodeEnCours(), QStringLiteral("Celle d'après"));
     }
 
-    void reglesDeGestion_data()
-    {
-        QTest::addColumn<bool>("active");
-        QTest::addColumn<QString>("suppression");
-        QTest::addColumn<QString>("desactivation");
-        QTest::addColumn<QString>("modification");
-        QTest::newRow("the active period")
-            << true << "Cette période est en cours d'utilisation, vous ne pouvez pas la supprimer."
-            << "Au moins une période doit être active."
-            << "Vous allez modifier la période en cours d'utilisation...";
-        QTest::newRow("another period") << false << QString() << QString() << QString();
-    }
-
-    void reglesDeGestion()
-    {
-        QFETCH(bool, active);
-        QFETCH(QString, suppression);
-        QFETCH(QString, desactivation);
-        QFETCH(QString, modification);
-        const QString chemin = document();
-        Periodes periodes(chemin);
-        const int autre = periodes.enregistrePeriode(periode(QDate(2020, 1, 1), QDate(2020, 12, 31), "x"));
-        const int id = active ? periodes.idPeriodeEnCours() : autre;
-        QCOMPARE(periodes.refusSuppression(id), suppression);
-        QCOMPARE(periodes.refusDesactivation(id), desactivation);
-        QCOMPARE(periodes.avertissementModification(id), modification);
-    }
-
     void defauts_data()
     {
         QTest::addColumn<QDate>("aujourdhui");
         QTest::addColumn<int>("emploiId");
         QTest::addColumn<QDate>("fin");
         // Artists: 319 days before 1 August 2016, 366 from then on; the others: 304, then 366.
-        QTest::newRow("artist, 31 July 2016") << QDate(2016, 7, 31) << 1 << QDate(2016, 7, 31).addDays(318);
-        QTest::newRow("artist, 1 August 2016") << QDate(2016, 8, 1) << 1 << QDate(2017, 8, 1);
-        QTest::newRow("technician, 31 July 2016") << QDate(2016, 7, 31) << 3 << QDate(2016, 7, 31).addDays(303);
-        QTest::newRow("technician, 1 August 2016") << QDate(2016, 8, 1) << 3 << QDate(2017, 8, 1);
-        QTest::newRow("worker, 2015") << QDate(2015, 1, 10) << 2 << QDate(2015, 11, 9);
-        QTest::newRow("general regime takes the technicians' annex") << QDate(2015, 1, 10) << 4 << QDate(2015, 11, 9);
-        QTest::newRow("artist, leap year 2024") << QDate(2024, 2, 29) << 1 << QDate(2025, 2, 28);
+        cas("artist, 31 July 2016", QDate(2016, 7, 31), 1, QDate(2016, 7, 31).addDays(318));
+        cas("artist, 1 August 2016", QDate(2016, 8, 1), 1, QDate(2017, 8, 1));
+        cas("technician, 31 July 2016", QDate(2016, 7, 31), 3, QDate(2016, 7, 31).addDays(303));
+        cas("technician, 1 August 2016", QDate(2016, 8, 1), 3, QDate(2017, 8, 1));
+        cas("worker, 2015", QDate(2015, 1, 10), 2, QDate(2015, 11, 9));
+        cas("general regime takes the technicians' annex", QDate(2015, 1, 10), 4, QDate(2015, 11, 9));
+        cas("artist, leap year 2024", QDate(2024, 2, 29), 1, QDate(2025, 2, 28));
     }
 
     void defauts()
@@ -202,15 +151,14 @@ private slots:
         QTest::addColumn<QString>("libelle");
         QTest::addColumn<QString>("refus");
         // The document's period: 2024-03-01 to 2025-03-01.
-        QTest::newRow("same dates, another label") << QDate(2024, 3, 1) << QDate(2025, 3, 1) << "Une autre"
-                                                   << "Cette période existe déjà.";
-        QTest::newRow("same dates, same label")
-            << QDate(2024, 3, 1) << QDate(2025, 3, 1) << "Période du 01/03/2024 au 01/03/2025"
-            << "Cette période existe déjà.";
-        QTest::newRow("start one day later") << QDate(2024, 3, 2) << QDate(2025, 3, 1) << "x" << QString();
-        QTest::newRow("end one day earlier") << QDate(2024, 3, 1) << QDate(2025, 2, 28) << "x" << QString();
-        QTest::newRow("end before start") << QDate(2024, 3, 1) << QDate(2024, 2, 29) << "x"
-                                          << "La fin de la période ne peut pas précéder son début.";
+        cas("same dates, another label", QDate(2024, 3, 1), QDate(2025, 3, 1), "Une autre",
+            "Cette période existe déjà.");
+        cas("same dates, same label", QDate(2024, 3, 1), QDate(2025, 3, 1), "Période du 01/03/2024 au 01/03/2025",
+            "Cette période existe déjà.");
+        cas("start one day later", QDate(2024, 3, 2), QDate(2025, 3, 1), "x", QString());
+        cas("end one day earlier", QDate(2024, 3, 1), QDate(2025, 2, 28), "x", QString());
+        cas("end before start", QDate(2024, 3, 1), QDate(2024, 2, 29), "x",
+            "La fin de la période ne peut pas précéder son début.");
     }
 
     void doublon()
@@ -241,8 +189,8 @@ private slots:
     void miseAJourAutomatique_data()
     {
         QTest::addColumn<bool>("active");
-        QTest::newRow("switch on") << true;
-        QTest::newRow("switch off") << false;
+        cas("switch on", true);
+        cas("switch off", false);
     }
 
     void miseAJourAutomatique()
@@ -274,10 +222,10 @@ private slots:
     {
         QTest::addColumn<QDate>("ouverture");
         QTest::addColumn<bool>("demande");
-        QTest::newRow("rights opened in 2006") << QDate(2006, 5, 1) << true;
-        QTest::newRow("31 March 2007") << QDate(2007, 3, 31) << true;
-        QTest::newRow("1 April 2007") << QDate(2007, 4, 1) << false;
-        QTest::newRow("2024") << QDate(2024, 3, 1) << false;
+        cas("rights opened in 2006", QDate(2006, 5, 1), true);
+        cas("31 March 2007", QDate(2007, 3, 31), true);
+        cas("1 April 2007", QDate(2007, 4, 1), false);
+        cas("2024", QDate(2024, 3, 1), false);
     }
 
     void srjDemande()

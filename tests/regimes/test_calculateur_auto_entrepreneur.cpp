@@ -1,8 +1,10 @@
+#include "commun/Cas.h"
 #include "regimes/CalculateurAutoEntrepreneur.h"
 
 #include <QTest>
 
 using namespace corvane;
+using namespace corvane::test;
 
 class TestCalculateurAutoEntrepreneur : public QObject
 {
@@ -64,25 +66,21 @@ private slots:
         QTest::addColumn<double>("servicesBIC");
         QTest::addColumn<double>("servicesBNC");
         QTest::addColumn<double>("attendu");
-        QTest::newRow("2016, libératoire, Alsace, catégorie 2, activité 2")
-            << 2016 << true << true << false << 2 << 2 << 10000.0 << 5000.0 << 0.0 << 2803.0;
-        QTest::newRow("2012 : la ligne d'avant 2013")
-            << 2012 << false << false << false << 0 << 0 << 1000.0 << 1000.0 << 1000.0 << 120.0 + 213.0 + 213.0;
-        QTest::newRow("ventes seules 2015")
-            << 2015 << false << false << false << 0 << 0 << 1000.0 << 0.0 << 0.0 << 133.0;
-        QTest::newRow("services BIC seuls 2014")
-            << 2014 << false << false << false << 0 << 0 << 0.0 << 1000.0 << 0.0 << 246.0;
-        QTest::newRow("services BNC seuls 2013, libératoire")
-            << 2013 << true << false << false << 0 << 0 << 0.0 << 0.0 << 1000.0 << 268.0;
-        QTest::newRow("CFE et chambre sur le total, Moselle")
-            << 2016 << false << false << true << 3 << 4 << 0.0 << 0.0 << 10000.0 << 2310.0 + 20.0 + 37.0;
-        QTest::newRow("Alsace et Moselle : CFE d'Alsace, chambre de Moselle")
-            << 2016 << false << true << true << 2 << 2 << 0.0 << 0.0 << 10000.0 << 2310.0 + 17.0 + 83.0;
-        QTest::newRow("catégorie et activité inconnues")
-            << 2016 << false << false << false << 9 << 9 << 10000.0 << 0.0 << 0.0 << 1340.0;
-        QTest::newRow("sans chiffre d'affaires") << 2016 << true << true << true << 1 << 2 << 0.0 << 0.0 << 0.0 << 0.0;
-        QTest::newRow("pas d'arrondi") << 2016 << false << false << false << 1 << 1 << 1234.56 << 0.0 << 0.0
-                                       << 1234.56 * 13.4 / 100 + 1234.56 * 0.1 / 100 + 1234.56 * 0.044 / 100;
+        cas("2016, libératoire, Alsace, catégorie 2, activité 2", 2016, true, true, false, 2, 2, 10000.0, 5000.0, 0.0,
+            2803.0);
+        cas("2012 : la ligne d'avant 2013", 2012, false, false, false, 0, 0, 1000.0, 1000.0, 1000.0,
+            120.0 + 213.0 + 213.0);
+        cas("ventes seules 2015", 2015, false, false, false, 0, 0, 1000.0, 0.0, 0.0, 133.0);
+        cas("services BIC seuls 2014", 2014, false, false, false, 0, 0, 0.0, 1000.0, 0.0, 246.0);
+        cas("services BNC seuls 2013, libératoire", 2013, true, false, false, 0, 0, 0.0, 0.0, 1000.0, 268.0);
+        cas("CFE et chambre sur le total, Moselle", 2016, false, false, true, 3, 4, 0.0, 0.0, 10000.0,
+            2310.0 + 20.0 + 37.0);
+        cas("Alsace et Moselle : CFE d'Alsace, chambre de Moselle", 2016, false, true, true, 2, 2, 0.0, 0.0, 10000.0,
+            2310.0 + 17.0 + 83.0);
+        cas("catégorie et activité inconnues", 2016, false, false, false, 9, 9, 10000.0, 0.0, 0.0, 1340.0);
+        cas("sans chiffre d'affaires", 2016, true, true, true, 1, 2, 0.0, 0.0, 0.0, 0.0);
+        cas("pas d'arrondi", 2016, false, false, false, 1, 1, 1234.56, 0.0, 0.0,
+            1234.56 * 13.4 / 100 + 1234.56 * 0.1 / 100 + 1234.56 * 0.044 / 100);
     }
     void calculeLesCharges()
     {

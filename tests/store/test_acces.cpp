@@ -41,36 +41,21 @@ private slots:
         QTest::addColumn<QString>("genre");
         QTest::addColumn<QString>("libelle");
         QTest::addColumn<int>("id");
-        QTest::newRow("job") << "emploi"
-                             << "Technicien" << 3;
-        QTest::newRow("job, wrong case") << "emploi"
-                                         << "technicien" << 0;
-        QTest::newRow("civility") << "civilite"
-                                  << "Mlle" << 2;
-        QTest::newRow("abatement") << "abattement"
-                                   << "25" << 3;
-        QTest::newRow("contract kind") << "type"
-                                       << "Formations" << 3;
-        QTest::newRow("employer with a quote") << "employeur"
-                                               << "Théâtre de l'Œuvre" << 2;
-        QTest::newRow("employer, injection attempt") << "employeur"
-                                                     << "x' OR '1'='1" << 0;
-        QTest::newRow("expense category") << "frais"
-                                          << "Hébergement" << 8;
-        QTest::newRow("sickness kind") << "securite"
-                                       << "Maternité" << 3;
-        QTest::newRow("period with a quote") << "periode"
-                                             << "Période d'été" << 2;
-        QTest::newRow("organisation") << "organisme"
-                                      << "Spré" << 8;
-        QTest::newRow("category with a quote") << "categorie"
-                                               << "Chef d'orchestre" << 4;
-        QTest::newRow("legal form with a quote") << "qualite"
-                                                 << "Comité d'entreprise" << 3;
-        QTest::newRow("service group") << "groupe"
-                                       << "Déplacement" << 4;
-        QTest::newRow("service") << "prestation"
-                                 << "Montage vidéo" << 7;
+        cas("job", "emploi", "Technicien", 3);
+        cas("job, wrong case", "emploi", "technicien", 0);
+        cas("civility", "civilite", "Mlle", 2);
+        cas("abatement", "abattement", "25", 3);
+        cas("contract kind", "type", "Formations", 3);
+        cas("employer with a quote", "employeur", "Théâtre de l'Œuvre", 2);
+        cas("employer, injection attempt", "employeur", "x' OR '1'='1", 0);
+        cas("expense category", "frais", "Hébergement", 8);
+        cas("sickness kind", "securite", "Maternité", 3);
+        cas("period with a quote", "periode", "Période d'été", 2);
+        cas("organisation", "organisme", "Spré", 8);
+        cas("category with a quote", "categorie", "Chef d'orchestre", 4);
+        cas("legal form with a quote", "qualite", "Comité d'entreprise", 3);
+        cas("service group", "groupe", "Déplacement", 4);
+        cas("service", "prestation", "Montage vidéo", 7);
     }
 
     void parLibelle()

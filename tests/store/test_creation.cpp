@@ -2,7 +2,7 @@
 // by hand from the table descriptions (tests/data/schema_v4_*.tsv), then the rows
 // that depend on the assistant's answers.
 
-#include "commun/OutilsDocument.h"
+#include "commun/Reference.h"
 #include "store/Dates.h"
 #include "store/Fichiers.h"
 #include "store/Horloge.h"
@@ -95,63 +95,9 @@ private slots:
         QCOMPARE(obtenu.size(), attendu.size());
     }
 
-    void tablesSansLignes()
-    {
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(m_chemin));
-        for (const char* table :
-             {"contrats", "contratsmodeles", "securitesociale", "contrats_frais", "frais", "congeshistorique",
-              "fiscalitehistorique", "assedichistorique", "fichiersauvegardes", "propositionslibelles", "propositions",
-              "factures", "droitsvoisins", "structures", "employes", "evenements", "evenementspaiements"})
-            QCOMPARE(base.entier(QStringLiteral("SELECT COUNT(*) FROM %1;").arg(table)), 0);
-    }
-
-    void profil()
-    {
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(m_chemin));
-        Requete r(base, "SELECT * FROM utilisateur;");
-        QVERIFY(r.suivante());
-        const Ligne u = r.ligne();
-        QVERIFY(!r.suivante());
-        QCOMPARE(u.value("u_id").toInt(), 1);
-        QCOMPARE(u.value("u_nom").toString(), QStringLiteral("Dupont"));
-        QCOMPARE(u.value("u_prenom").toString(), QStringLiteral("Jeanne"));
-        QCOMPARE(u.value("u_naissance").toString(), QStringLiteral("2024-06-15 00:00:00.000"));
-        QCOMPARE(u.value("u_emploi_id").toInt(), 1);
-        QCOMPARE(u.value("u_date_debut_dossier").toString(), QStringLiteral("2024-03-01 00:00:00.000"));
-        QCOMPARE(u.value("u_civilite_id").toInt(), 1);
-        QCOMPARE(u.value("u_srj_valide").toDouble(), 0.0);
-        QCOMPARE(u.value("u_taux_valide").toDouble(), 57.4);
-        QCOMPARE(u.value("u_abattement").toInt(), 2);
-        QCOMPARE(u.value("u_periode_en_cours").toInt(), 1);
-        QCOMPARE(u.value("u_nbre_enfants").toInt(), 0);
-        QCOMPARE(u.value("u_autoentrepreneur_flag").toInt(), 0);
-        for (const char* texte : {"u_pseudonyme", "u_telephone", "u_nir", "u_adresse", "u_codepostal", "u_commune",
-                                  "u_identifiant_assedic", "u_photo", "u_rib_cle", "u_web"})
-            QCOMPARE(u.value(texte), QVariant(QString()));
-    }
-
-    void periodeEtDatesPreferees()
-    {
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(m_chemin));
-        QCOMPARE(base.colonne("SELECT p_id || '|' || p_date_debut || '|' || p_date_fin || '|' || p_libelle || '|' || "
-                              "p_notes || '|' || p_conges || '|' || p_franchise_salaires || '|' || p_attente FROM "
-                              "periodes;"),
-                 QStringList{"1|2024-03-01 00:00:00.000|2025-03-01 00:00:00.000|Période du 01/03/2024 au "
-                             "01/03/2025|Période initiale|0|0|7"});
-        // The compound SELECT returns its rows sorted, so ids follow the keys' order.
-        QCOMPARE(
-            base.colonne("SELECT dpp_id || '|' || dpp_element || '|' || substr(dpp_date, 1, 10) FROM "
-                         "datesPeriodesPreferees ORDER BY dpp_id;"),
-            (QStringList{"1|assedichistorique_debut|2024-01-01", "2|assedichistorique_fin|2024-12-31",
-                         "3|conges_debut|2023-04-01", "4|conges_fin|2024-03-31", "5|contrats_debut|2024-03-01",
-                         "6|contrats_fin|2025-03-01", "7|fiscalite_debut|2023-01-01", "8|fiscalite_fin|2023-12-31",
-                         "9|frais_debut|2024-01-01", "10|frais_fin|2024-12-31", "11|securite_sociale_debut|2024-03-01",
-                         "12|securite_sociale_fin|2025-03-01", "13|securite_sociale_verification|2024-03-01",
-                         "14|simulation_debut|2024-03-01", "15|simulation_fin|2025-03-01"}));
-    }
+    // The rows that depend on the assistant's answers and on the day (the profile, the first
+    // period, the preferred dates), and the tables left empty, in the whole document's dump.
+    void documentNeuf() { CORVANE_COMPARER_REFERENCE(dump(m_chemin).toUtf8(), "nouveau_document.txt"); }
 
     void finDePremierePeriode_data()
     {
@@ -159,12 +105,12 @@ private slots:
         QTest::addColumn<QDate>("aujourdhui");
         QTest::addColumn<QDate>("fin");
         const QDate ouverture(2015, 3, 1);
-        QTest::newRow("artist, 2016 rules: 366 days") << 1 << QDate(2016, 8, 1) << ouverture.addDays(365);
-        QTest::newRow("artist, older rules: 319 days") << 1 << QDate(2016, 7, 31) << ouverture.addDays(318);
-        QTest::newRow("worker, 2016 rules") << 2 << QDate(2020, 1, 1) << ouverture.addDays(365);
-        QTest::newRow("technician, older rules: 304 days") << 3 << QDate(2015, 4, 1) << ouverture.addDays(303);
-        QTest::newRow("general scheme: today") << 4 << QDate(2020, 5, 5) << QDate(2020, 5, 5);
-        QTest::newRow("self-employed: today") << 5 << QDate(2020, 5, 5) << QDate(2020, 5, 5);
+        cas("artist, 2016 rules: 366 days", 1, QDate(2016, 8, 1), ouverture.addDays(365));
+        cas("artist, older rules: 319 days", 1, QDate(2016, 7, 31), ouverture.addDays(318));
+        cas("worker, 2016 rules", 2, QDate(2020, 1, 1), ouverture.addDays(365));
+        cas("technician, older rules: 304 days", 3, QDate(2015, 4, 1), ouverture.addDays(303));
+        cas("general scheme: today", 4, QDate(2020, 5, 5), QDate(2020, 5, 5));
+        cas("self-employed: today", 5, QDate(2020, 5, 5), QDate(2020, 5, 5));
     }
 
     void finDePremierePeriode()
@@ -211,12 +157,9 @@ private slots:
     {
         QTest::addColumn<QString>("chemin");
         QTest::addColumn<QString>("message");
-        QTest::newRow("existing file") << "neuf.cv4"
-                                       << "existe déjà";
-        QTest::newRow("missing folder") << "nulle-part/doc.cv4"
-                                        << "n'existe pas";
-        QTest::newRow("no name") << ""
-                                 << "Aucun nom";
+        cas("existing file", "neuf.cv4", "existe déjà");
+        cas("missing folder", "nulle-part/doc.cv4", "n'existe pas");
+        cas("no name", "", "Aucun nom");
     }
 
     void refus()

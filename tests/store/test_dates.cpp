@@ -11,6 +11,7 @@
 #include <QtTest>
 
 using namespace corvane;
+using namespace corvane::test;
 
 class TestDates : public QObject
 {
@@ -23,12 +24,11 @@ private slots:
     {
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QDate>("jour");
-        QTest::newRow("30 March 2014, the spring clock change in Paris")
-            << "2014-03-30 00:00:00.000" << QDate(2014, 3, 30);
-        QTest::newRow("26 October 2014, the autumn change") << "2014-10-26 00:00:00.000" << QDate(2014, 10, 26);
-        QTest::newRow("summer day") << "2016-08-01 00:00:00.000" << QDate(2016, 8, 1);
-        QTest::newRow("leap day") << "2024-02-29 00:00:00.000" << QDate(2024, 2, 29);
-        QTest::newRow("new year's eve") << "1999-12-31 00:00:00.000" << QDate(1999, 12, 31);
+        cas("30 March 2014, the spring clock change in Paris", "2014-03-30 00:00:00.000", QDate(2014, 3, 30));
+        cas("26 October 2014, the autumn change", "2014-10-26 00:00:00.000", QDate(2014, 10, 26));
+        cas("summer day", "2016-08-01 00:00:00.000", QDate(2016, 8, 1));
+        cas("leap day", "2024-02-29 00:00:00.000", QDate(2024, 2, 29));
+        cas("new year's eve", "1999-12-31 00:00:00.000", QDate(1999, 12, 31));
     }
 
     void allerRetour()
@@ -61,10 +61,10 @@ private slots:
     void textesInvalides_data()
     {
         QTest::addColumn<QString>("texte");
-        QTest::newRow("empty") << "";
-        QTest::newRow("too short") << "2014-03";
-        QTest::newRow("letters") << "abcd-ef-gh 00:00:00.000";
-        QTest::newRow("31 February") << "2014-02-31 00:00:00.000";
+        cas("empty", "");
+        cas("too short", "2014-03");
+        cas("letters", "abcd-ef-gh 00:00:00.000");
+        cas("31 February", "2014-02-31 00:00:00.000");
     }
 
     void textesInvalides()
@@ -91,11 +91,11 @@ private slots:
         QTest::addColumn<QDate>("debut");
         QTest::addColumn<QDate>("fin");
         QTest::addColumn<qint64>("jours");
-        QTest::newRow("same day") << QDate(2014, 3, 30) << QDate(2014, 3, 30) << qint64(0);
-        QTest::newRow("across the spring change") << QDate(2014, 3, 1) << QDate(2014, 4, 1) << qint64(31);
-        QTest::newRow("across the autumn change") << QDate(2014, 10, 1) << QDate(2014, 11, 1) << qint64(31);
-        QTest::newRow("backwards") << QDate(2014, 4, 1) << QDate(2014, 3, 1) << qint64(-31);
-        QTest::newRow("leap year") << QDate(2024, 1, 1) << QDate(2025, 1, 1) << qint64(366);
+        cas("same day", QDate(2014, 3, 30), QDate(2014, 3, 30), qint64(0));
+        cas("across the spring change", QDate(2014, 3, 1), QDate(2014, 4, 1), qint64(31));
+        cas("across the autumn change", QDate(2014, 10, 1), QDate(2014, 11, 1), qint64(31));
+        cas("backwards", QDate(2014, 4, 1), QDate(2014, 3, 1), qint64(-31));
+        cas("leap year", QDate(2024, 1, 1), QDate(2025, 1, 1), qint64(366));
     }
 
     void joursEntre()
@@ -109,10 +109,10 @@ private slots:
     void horlogeEtSQLite_data()
     {
         QTest::addColumn<QDate>("jour");
-        QTest::newRow("winter") << QDate(2021, 1, 15);
-        QTest::newRow("summer") << QDate(2016, 8, 1);
-        QTest::newRow("new year's day") << QDate(2027, 1, 1);
-        QTest::newRow("leap day") << QDate(2028, 2, 29);
+        cas("winter", QDate(2021, 1, 15));
+        cas("summer", QDate(2016, 8, 1));
+        cas("new year's day", QDate(2027, 1, 1));
+        cas("leap day", QDate(2028, 2, 29));
     }
 
     void horlogeEtSQLite()
@@ -133,18 +133,12 @@ private slots:
     {
         QTest::addColumn<QString>("texte");
         QTest::addColumn<QString>("attendu");
-        QTest::newRow("decimal comma") << "12,5"
-                                       << "12.5";
-        QTest::newRow("blank kept, comma changed") << "1 234,56"
-                                                   << "1 234.56";
-        QTest::newRow("every comma") << "1,2,3"
-                                     << "1.2.3";
-        QTest::newRow("no comma") << "42"
-                                  << "42";
-        QTest::newRow("empty") << ""
-                               << "";
-        QTest::newRow("other characters kept") << "€ 3,50 !"
-                                               << "€ 3.50 !";
+        cas("decimal comma", "12,5", "12.5");
+        cas("blank kept, comma changed", "1 234,56", "1 234.56");
+        cas("every comma", "1,2,3", "1.2.3");
+        cas("no comma", "42", "42");
+        cas("empty", "", "");
+        cas("other characters kept", "€ 3,50 !", "€ 3.50 !");
     }
 
     void virguleEnPoint()

@@ -1,7 +1,7 @@
 // The upgrade pass: a generation-3 document brought to generation 4, with the
 // differences from a new document that upgraded documents keep.
 
-#include "commun/OutilsDocument.h"
+#include "commun/Reference.h"
 #include "store/Fichiers.h"
 #include "store/Horloge.h"
 
@@ -18,14 +18,6 @@ class TestMiseAJour : public QObject
 private:
     QTemporaryDir m_dossier;
     QString m_chemin;
-
-    QString colonneDeclaree(BaseDeDonnees& base, const QString& table, const QString& colonne, const char* champ)
-    {
-        for (const Ligne& l : base.lignes(QStringLiteral("PRAGMA table_info(%1);").arg(table)))
-            if (l.value("name").toString() == colonne)
-                return l.value(champ).isNull() ? QStringLiteral("<aucun>") : l.value(champ).toString();
-        return QStringLiteral("<absente>");
-    }
 
     // A new document changed by `sql`, then opened as the program does.
     QString ouvertApres(const QString& nom, const QString& sql)
@@ -53,143 +45,10 @@ private slots:
         QVERIFY(dialogues.echanges().isEmpty());
     }
 
-    void devientGeneration4()
-    {
-        Fichiers fichiers;
-        QCOMPARE(fichiers.checkVersion(m_chemin), QStringLiteral("4"));
-    }
-
-    void lignesDeReference_data()
-    {
-        QTest::addColumn<QString>("requete");
-        QTest::addColumn<QStringList>("attendu");
-        QTest::newRow("emplois: the two additions in order")
-            << "SELECT e_emploi FROM emplois ORDER BY e_id"
-            << QStringList{"Artiste", "Ouvrier", "Technicien", "Régime Général", "Auto Entrepreneur"};
-        QTest::newRow("contract kinds gain 'Régime Général'")
-            << "SELECT ct_type FROM contratstypes ORDER BY ct_id"
-            << QStringList{"Prestations", "Enseignements", "Formations", "Régime Général"};
-        QTest::newRow("sickness kinds gain three")
-            << "SELECT sst_type FROM securitesocialetypes ORDER BY sst_id"
-            << QStringList{"Accident du travail",      "Maladie",  "Maternité", "Paternité", "Consultation Généraliste",
-                           "Consultation Spécialiste", "Pharmacie"};
-        QTest::newRow("organisations: first six, then Agessa and SACD")
-            << "SELECT dvo_id || ':' || dvo_nom FROM droitsvoisinsorganismes ORDER BY dvo_id"
-            << QStringList{"1:Adami", "2:Sacem", "3:Scpp", "4:Spedidam", "5:Sppf", "6:Spré", "7:Agessa", "8:SACD"};
-        QTest::newRow("categories: the conductor's insert fails")
-            << "SELECT dvt_type FROM droitsvoisinstypes ORDER BY dvt_id"
-            << QStringList{"Artiste-interprète", "Cascadeur", "Chanteur", "Comédien", "Danseur", "Divers", "Musicien"};
-        QTest::newRow("legal forms: the works council's insert fails, 'Aucune' keeps id 2")
-            << "SELECT q_id || ':' || q_libelle FROM qualites ORDER BY q_id"
-            << QStringList{"1:Association", "2:Aucune", "3:Entreprise", "4:Particulier"};
-        QTest::newRow("delays: (15, 0) twice") << "SELECT d_nombre || ',' || d_type FROM delais ORDER BY d_id"
-                                               << QStringList{"7,0", "15,0", "1,1", "2,1", "15,0"};
-        QTest::newRow("sixth discount is a rate")
-            << "SELECT r_montant || ',' || r_type FROM remises ORDER BY r_id"
-            << QStringList{"0.0,-1", "5.0,0", "10.0,0", "15.0,0", "20.0,0", "50.0,0", "200.0,1"};
-        QTest::newRow("services seeded, priced per person 0")
-            << "SELECT COUNT(*) || ',' || SUM(pt_par_personne) FROM prestationstypes" << QStringList{"10,0"};
-        QTest::newRow("self-employment kinds")
-            << "SELECT ae_id FROM autoentrepreneurtypes ORDER BY ae_id" << QStringList{"100", "101", "102", "103"};
-        QTest::newRow("file row, version 4, unlocked, no password")
-            << "SELECT f_id || ',' || f_version || ',' || f_locked || ',' || ifnull(f_password, 'NULL') FROM file"
-            << QStringList{"1,4,0,NULL"};
-    }
-
-    void lignesDeReference()
-    {
-        QFETCH(QString, requete);
-        QFETCH(QStringList, attendu);
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(m_chemin));
-        QCOMPARE(base.colonne(requete), attendu);
-    }
-
-    void colonnesAjoutees_data()
-    {
-        QTest::addColumn<QString>("table");
-        QTest::addColumn<QString>("colonne");
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<QString>("defaut");
-        // table, column, declared type, declared default
-        const char* const lignes[][4] = {
-            {"employeurs", "e_prospect", "", "0"},
-            {"employeurs", "e_no_siret", "", "''"},
-            {"employeurs", "e_no_licence_spectacle", "", "''"},
-            {"frais", "f_rembourse", "INTEGER", "1"},
-            {"utilisateur", "u_annee_blanche", "TINYINT", "0"},
-            {"file", "f_password", "VARCHAR", "<aucun>"},
-            {"propositions", "p_nbre_personnes", "INTEGER", "0"},
-            {"contratsmodeles", "cm_employeur", "INTEGER", "1"},
-            {"contratsmodeles", "cm_salaire_net_a_payer", "REAL", "0"},
-            {"securitesociale", "ss_total_ij", "REAL", "0"},
-            {"securitesociale", "ss_ald", "INTEGER", "0"},
-            {"securitesociale", "ss_rembourse_mutuelle", "INTEGER", "0"},
-            {"employeurs", "e_conventionne", "INTEGER", "1"},
-            {"employeurs", "e_latitude", "REAL", "0"},
-            {"employeurs", "e_qualite_id", "INTEGER", "2"},
-            {"contrats", "c_aem_fp", "INTEGER", "1"},
-            {"contrats", "c_pas", "REAL", "0"},
-            {"utilisateur", "u_pas", "REAL", "0"},
-            {"utilisateur", "u_rib_iban", "VARCHAR", "''"},
-            {"utilisateur", "u_sacem", "VARCHAR", "''"},
-            {"utilisateur", "u_ae_activite", "INTEGER", "1"},
-            {"periodes", "p_attente", "TINYINT", "7"},
-            {"periodes", "p_conges", "TINYINT", "0"},
-        };
-        for (const auto& l : lignes)
-            QTest::addRow("%s.%s", l[0], l[1]) << l[0] << l[1] << l[2] << l[3];
-    }
-
-    void colonnesAjoutees()
-    {
-        QFETCH(QString, table);
-        QFETCH(QString, colonne);
-        QFETCH(QString, type);
-        QFETCH(QString, defaut);
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(m_chemin));
-        QCOMPARE(colonneDeclaree(base, table, colonne, "type"), type);
-        QCOMPARE(colonneDeclaree(base, table, colonne, "dflt_value"), defaut);
-    }
-
-    void contratsCompletes_data()
-    {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("datesTravaillees");
-        QTest::addColumn<int>("anneeEncaissement");
-        QTest::newRow("one day, no list: the start's day") << 1 << "5/10/2013" << 2013;
-        QTest::newRow("list within a month, no zero padding") << 2 << "3/11/2013,4/11/2013,12/11/2013" << 2013;
-        QTest::newRow("largest day takes the end's month, however the days fall")
-            << 3 << "30/1/2014,31/2/2014,2/1/2014" << 2014;
-        QTest::newRow("across the clock change") << 5 << "29/3/2014,30/3/2014,31/4/2014,1/3/2014" << 2014;
-        QTest::newRow("NULL list: the start's day") << 6 << "10/6/2014" << 2014;
-    }
-
-    void contratsCompletes()
-    {
-        QFETCH(int, id);
-        QFETCH(QString, datesTravaillees);
-        QFETCH(int, anneeEncaissement);
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(m_chemin));
-        QCOMPARE(base.texte("SELECT c_dates_travaillees FROM contrats WHERE c_id = ?;", {id}), datesTravaillees);
-        QCOMPARE(base.entier("SELECT c_annee_encaissement FROM contrats WHERE c_id = ?;", {id}),
-                 qint64(anneeEncaissement));
-    }
-
-    void donneesConservees()
-    {
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(m_chemin));
-        QCOMPARE(base.texte("SELECT u_pseudonyme FROM utilisateur WHERE u_id = 1;"), QStringLiteral("Léna D'Arc"));
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats;"), 5);
-        QCOMPARE(base.texte("SELECT e_raison_sociale FROM employeurs WHERE e_id = 2;"),
-                 QStringLiteral("Théâtre de l'Odéon"));
-        QCOMPARE(base.reel("SELECT ah_montant FROM assedichistorique;"), 1180.62);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats_frais;"), 0);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM frais WHERE f_contrat_lie = '';"), 2);
-    }
+    // The whole upgraded document (schema and rows) against its stored copy: the added
+    // columns with their types and defaults, the seed rows added (and the inserts that fail),
+    // the contracts' worked dates and cashing years, and the user's data kept.
+    void documentMisAJour() { CORVANE_COMPARER_REFERENCE(dump(m_chemin).toUtf8(), "mise_a_jour_generation3.txt"); }
 
     void secondeOuvertureNeChangeRien()
     {

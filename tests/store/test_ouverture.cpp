@@ -1,7 +1,7 @@
 // Recognising a file's generation, refusing what is not a sound document, and
 // converting the earlier product's files.
 
-#include "commun/OutilsDocument.h"
+#include "commun/Reference.h"
 #include "store/Fichiers.h"
 #include "store/Horloge.h"
 
@@ -10,16 +10,6 @@
 
 using namespace corvane;
 using namespace corvane::test;
-
-namespace {
-
-QByteArray lire(const QString& chemin)
-{
-    QFile f(chemin);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-} // namespace
 
 class TestOuverture : public QObject
 {
@@ -65,14 +55,10 @@ private slots:
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("generation");
-        QTest::newRow("Orvia 1") << "generation1.sql"
-                                 << "1";
-        QTest::newRow("Orvia 2") << "generation2.sql"
-                                 << "2";
-        QTest::newRow("Orvia 2.5") << "generation25.sql"
-                                   << "2.5";
-        QTest::newRow("generation 3") << "generation3.sql"
-                                      << "3";
+        cas("Orvia 1", "generation1.sql", "1");
+        cas("Orvia 2", "generation2.sql", "2");
+        cas("Orvia 2.5", "generation25.sql", "2.5");
+        cas("generation 3", "generation3.sql", "3");
     }
 
     void generations()
@@ -97,8 +83,8 @@ private slots:
     void sansTable_data()
     {
         QTest::addColumn<bool>("fichierVide");
-        QTest::newRow("empty file") << true;
-        QTest::newRow("SQLite file without a table") << false;
+        cas("empty file", true);
+        cas("SQLite file without a table", false);
     }
 
     void sansTable()
@@ -128,18 +114,12 @@ private slots:
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("message");
-        QTest::newRow("missing path") << "absent"
-                                      << "introuvable";
-        QTest::newRow("directory") << "dossier"
-                                   << "est un dossier";
-        QTest::newRow("text file") << "texte"
-                                   << "n'est pas un fichier Corvane";
-        QTest::newRow("truncated database") << "tronque"
-                                            << "endommagé";
-        QTest::newRow("damaged pages") << "endommage"
-                                       << "endommagé";
-        QTest::newRow("header only") << "entete-seule"
-                                     << "endommagé";
+        cas("missing path", "absent", "introuvable");
+        cas("directory", "dossier", "est un dossier");
+        cas("text file", "texte", "n'est pas un fichier Corvane");
+        cas("truncated database", "tronque", "endommagé");
+        cas("damaged pages", "endommage", "endommagé");
+        cas("header only", "entete-seule", "endommagé");
     }
 
     void mauvaisesEntrees()
@@ -180,27 +160,15 @@ private slots:
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("generation");
-        QTest::addColumn<int>("employeurs");
-        QTest::addColumn<int>("contrats");
-        QTest::addColumn<int>("frais");
-        QTest::addColumn<int>("periodes");
-        // Employers include the catch-all one; periods include the current one.
-        QTest::newRow("Orvia 1") << "generation1.sql"
-                                 << "1" << 3 << 3 << 2 << 2;
-        QTest::newRow("Orvia 2") << "generation2.sql"
-                                 << "2" << 3 << 3 << 1 << 1;
-        QTest::newRow("Orvia 2.5") << "generation25.sql"
-                                   << "2.5" << 2 << 1 << 2 << 2;
+        cas("Orvia 1", "generation1.sql", "1");
+        cas("Orvia 2", "generation2.sql", "2");
+        cas("Orvia 2.5", "generation25.sql", "2.5");
     }
 
     void conversion()
     {
         QFETCH(QString, script);
         QFETCH(QString, generation);
-        QFETCH(int, employeurs);
-        QFETCH(int, contrats);
-        QFETCH(int, frais);
-        QFETCH(int, periodes);
         const QString chemin = m_dossier.filePath(QStringLiteral("ancien-%1.orv").arg(generation));
         documentDepuisScript(script, chemin);
         const QByteArray avant = empreinte(chemin);
@@ -225,65 +193,11 @@ private slots:
                  QStringLiteral("Votre fichier original a été sauvegardé, puis converti au format Corvane 3.\n\n"
                                 "Souhaitez-vous ouvrir le nouveau fichier maintenant ?"));
 
+        // The converted and upgraded copy against its stored dump: the profile, the employers with
+        // the catch-all one, the contracts by their employer's name with their worked dates,
+        // the expenses to the cent, the periods and the preferred dates.
         QCOMPARE(fichiers.checkVersion(copie), QStringLiteral("4"));
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(copie));
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM employeurs;"), employeurs);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats;"), contrats);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM frais;"), frais);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM periodes;"), periodes);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM datesPeriodesPreferees;"), 15);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM utilisateur;"), 1);
-        QCOMPARE(base.texte("SELECT p_notes FROM periodes JOIN utilisateur ON u_periode_en_cours = p_id;"),
-                 QStringLiteral("Période initiale"));
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats WHERE c_dates_travaillees = '';"), 0);
-    }
-
-    void conversionOrvia1Detaillee()
-    {
-        const QString copie = m_dossier.filePath("V3_ancien-1.or3");
-        QVERIFY(QFileInfo::exists(copie));
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(copie));
-        const Ligne profil = base.lignes("SELECT * FROM utilisateur;").value(0);
-        QCOMPARE(profil.value("u_nom").toString(), QStringLiteral("Lefèvre"));
-        QCOMPARE(profil.value("u_pseudonyme").toString(), QStringLiteral("Noé l'Ancien"));
-        QCOMPARE(profil.value("u_naissance").toString(), QStringLiteral("1976-05-02 00:00:00.000"));
-        QCOMPARE(profil.value("u_emploi_id").toInt(), 3);
-        QCOMPARE(profil.value("u_identifiant_assedic").toString(), QStringLiteral("7654321B"));
-
-        QCOMPARE(base.colonne("SELECT e_raison_sociale || '|' || e_interlocuteur FROM employeurs ORDER BY e_id;"),
-                 (QStringList{"Inconnu|Inconnu", "Festival d'Avignon|Régie", "Son & Lumière|"}));
-        // Contracts keep their employer by name; one whose employer is gone goes to the catch-all one.
-        QCOMPARE(base.colonne("SELECT e_raison_sociale || '|' || c_debut_contrat || '|' || c_salaire_brut || '|' || "
-                              "a_pourcentage || '|' || c_dates_travaillees FROM contrats JOIN employeurs ON "
-                              "c_employeur_id = e_id JOIN abattements ON c_abattement = a_id ORDER BY c_id;"),
-                 (QStringList{"Festival d'Avignon|2004-07-08 00:00:00.000|420.0|20|8/7/2004,9/7/2004,10/7/2004",
-                              "Son & Lumière|2004-07-30 00:00:00.000|300.0|0|30/8/2004,1/7/2004",
-                              "Inconnu|2004-09-02 00:00:00.000|150.0|20|2/9/2004"}));
-        // Amounts to the cent; an unknown category goes to 'Divers'.
-        QCOMPARE(base.colonne("SELECT ft_type || '|' || f_details || '|' || f_montant FROM frais JOIN fraistypes ON "
-                              "f_categorie = ft_id ORDER BY f_id;"),
-                 (QStringList{"Carburant|Plein|61.35", "Divers|Câbles|18.0"}));
-        QCOMPARE(base.texte("SELECT p_libelle FROM periodes WHERE p_id = 1;"),
-                 QStringLiteral("Période du 01/01/2003 au 31/12/2003"));
-    }
-
-    void conversionOrvia2Planifies()
-    {
-        const QString copie = m_dossier.filePath("V3_ancien-2.or3");
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(copie));
-        QCOMPARE(base.colonne("SELECT c_effectue || '|' || ct_type || '|' || c_fonction || '|' || c_note FROM contrats "
-                              "JOIN contratstypes ON c_type = ct_id ORDER BY c_id;"),
-                 (QStringList{"1|Prestations|Comédienne|Reprise", "1|Enseignements|Lectrice|",
-                              "0|Prestations||Fête de la musique"}));
-        const Ligne profil = base.lignes("SELECT * FROM utilisateur;").value(0);
-        QCOMPARE(profil.value("u_civilite_id").toInt(), 2);
-        QCOMPARE(profil.value("u_taux_valide").toDouble(), 41.26);
-        QCOMPARE(profil.value("u_abattement").toInt(), 3);
-        QCOMPARE(profil.value("u_date_debut_dossier").toString(), QStringLiteral("2006-02-01 00:00:00.000"));
-        QCOMPARE(profil.value("u_telephone_mobile").toString(), QStringLiteral("0600000001"));
+        CORVANE_COMPARER_REFERENCE(dump(copie).toUtf8(), QStringLiteral("conversion_orvia%1.txt").arg(generation));
     }
 
     void conversionRefusee()

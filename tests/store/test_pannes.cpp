@@ -52,7 +52,11 @@ private:
     }
 
 private slots:
-    void initTestCase() { Horloge::fixer(QDate(2024, 6, 15)); }
+    void initTestCase()
+    {
+        Horloge::fixer(QDate(2024, 6, 15));
+        BaseDeDonnees::fixerAttenteOccupe(200); // another program's lock is waited for a short while only
+    }
 
     void journalChaud_data()
     {

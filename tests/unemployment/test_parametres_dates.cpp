@@ -1,3 +1,4 @@
+#include "commun/Cas.h"
 #include "store/Dates.h"
 #include "unemployment/FonctionsParametres.h"
 #include "unemployment/ParametresIntermittent.h"
@@ -7,6 +8,7 @@
 #include <QTimeZone>
 
 using namespace corvane;
+using namespace corvane::test;
 
 namespace {
 
@@ -83,15 +85,15 @@ void lignesDeLaTable(const TableAttendue& table)
 {
     QTest::addColumn<QDate>("jour");
     QTest::addColumn<double>("attendu");
-    QTest::newRow("bien avant : 1990-01-01") << QDate(1990, 1, 1) << table.avant;
-    QTest::newRow("1999-12-31") << QDate(1999, 12, 31) << table.avant;
+    cas("bien avant : 1990-01-01", QDate(1990, 1, 1), table.avant);
+    cas("1999-12-31", QDate(1999, 12, 31), table.avant);
     double precedente = table.avant;
     for (const auto& [bascule, valeur] : table.bascules) {
         QTest::addRow("veille : %s", qPrintable(iso(bascule.addDays(-1)))) << bascule.addDays(-1) << precedente;
         QTest::addRow("bascule : %s", qPrintable(iso(bascule))) << bascule << valeur;
         precedente = valeur;
     }
-    QTest::newRow("bien après : 2040-06-15") << QDate(2040, 6, 15) << precedente;
+    cas("bien après : 2040-06-15", QDate(2040, 6, 15), precedente);
 }
 
 // The same day as a document gives it (01:00 local time) and as a switch date is built
@@ -130,10 +132,10 @@ private slots:
     void smicHoraireIntermittent_data()
     {
         lignesDeLaTable(smicIntermittent);
-        QTest::newRow("2016 reprend 2015 : 2016-06-15") << QDate(2016, 6, 15) << 9.61;
-        QTest::newRow("dernière ligne : 2021-03-01") << QDate(2021, 3, 1) << 10.15;
-        QTest::newRow("1er juillet 2005 : 2005-07-01") << QDate(2005, 7, 1) << 8.03;
-        QTest::newRow("30 juin 2005 : 2005-06-30") << QDate(2005, 6, 30) << 7.61;
+        cas("2016 reprend 2015 : 2016-06-15", QDate(2016, 6, 15), 9.61);
+        cas("dernière ligne : 2021-03-01", QDate(2021, 3, 1), 10.15);
+        cas("1er juillet 2005 : 2005-07-01", QDate(2005, 7, 1), 8.03);
+        cas("30 juin 2005 : 2005-06-30", QDate(2005, 6, 30), 7.61);
     }
     void smicHoraireIntermittent()
     {
@@ -143,11 +145,11 @@ private slots:
     void smicHoraireFunctions_data()
     {
         lignesDeLaTable(smicFunctions);
-        QTest::newRow("2016 à 9,67 : 2016-06-15") << QDate(2016, 6, 15) << 9.67;
-        QTest::newRow("pas de ligne 2018 : 2018-01-01") << QDate(2018, 1, 1) << 9.76;
-        QTest::newRow("pas de ligne 2019 : 2019-01-01") << QDate(2019, 1, 1) << 9.76;
-        QTest::newRow("pas de ligne 2020 : 2020-01-01") << QDate(2020, 1, 1) << 9.76;
-        QTest::newRow("2021-03-01") << QDate(2021, 3, 1) << 9.76;
+        cas("2016 à 9,67 : 2016-06-15", QDate(2016, 6, 15), 9.67);
+        cas("pas de ligne 2018 : 2018-01-01", QDate(2018, 1, 1), 9.76);
+        cas("pas de ligne 2019 : 2019-01-01", QDate(2019, 1, 1), 9.76);
+        cas("pas de ligne 2020 : 2020-01-01", QDate(2020, 1, 1), 9.76);
+        cas("2021-03-01", QDate(2021, 3, 1), 9.76);
     }
     void smicHoraireFunctions()
     {
@@ -157,7 +159,7 @@ private slots:
     void CsgCrdsPlafondEnCours_data()
     {
         lignesDeLaTable(csgCrds);
-        QTest::newRow("2011-06-01") << QDate(2011, 6, 1) << 45.0;
+        cas("2011-06-01", QDate(2011, 6, 1), 45.0);
     }
     void CsgCrdsPlafondEnCours()
     {
@@ -173,11 +175,11 @@ private slots:
     void plafondAllocationJournaliereEnCours_data()
     {
         lignesDeLaTable(plafondAllocation);
-        QTest::newRow("jamais 139,61 : 2013-07-01") << QDate(2013, 7, 1) << 137.12;
-        QTest::newRow("jamais 141,55 : 2014-07-01") << QDate(2014, 7, 1) << 137.12;
-        QTest::newRow("jamais 141,55 : 2015-03-01") << QDate(2015, 3, 1) << 137.12;
-        QTest::newRow("jamais 145,58 : 2016-01-01") << QDate(2016, 1, 1) << 137.12;
-        QTest::newRow("2012-06-30") << QDate(2012, 6, 30) << 133.27;
+        cas("jamais 139,61 : 2013-07-01", QDate(2013, 7, 1), 137.12);
+        cas("jamais 141,55 : 2014-07-01", QDate(2014, 7, 1), 137.12);
+        cas("jamais 141,55 : 2015-03-01", QDate(2015, 3, 1), 137.12);
+        cas("jamais 145,58 : 2016-01-01", QDate(2016, 1, 1), 137.12);
+        cas("2012-06-30", QDate(2012, 6, 30), 133.27);
     }
     void plafondAllocationJournaliereEnCours()
     {
@@ -190,15 +192,12 @@ private slots:
         QTest::addColumn<QDateTime>("instant");
         QTest::addColumn<double>("attendu");
         const QTimeZone plusUne(3600);
-        QTest::newRow("23:59:59 +01:00 la veille")
-            << QDateTime(QDate(2016, 12, 31), QTime(23, 59, 59), plusUne) << 9.61;
-        QTest::newRow("00:00 +01:00 le jour") << QDateTime(QDate(2017, 1, 1), QTime(0, 0), plusUne) << 9.76;
-        QTest::newRow("22:59:59 UTC la veille")
-            << QDateTime(QDate(2016, 12, 31), QTime(22, 59, 59), QTimeZone::utc()) << 9.61;
-        QTest::newRow("23:00 UTC la veille") << QDateTime(QDate(2016, 12, 31), QTime(23, 0), QTimeZone::utc()) << 9.76;
-        QTest::newRow("01:00 +02:00 le jour (heure d'été)")
-            << QDateTime(QDate(2017, 1, 1), QTime(1, 0), QTimeZone(7200)) << 9.76;
-        QTest::newRow("instant invalide") << QDateTime() << 7.61;
+        cas("23:59:59 +01:00 la veille", QDateTime(QDate(2016, 12, 31), QTime(23, 59, 59), plusUne), 9.61);
+        cas("00:00 +01:00 le jour", QDateTime(QDate(2017, 1, 1), QTime(0, 0), plusUne), 9.76);
+        cas("22:59:59 UTC la veille", QDateTime(QDate(2016, 12, 31), QTime(22, 59, 59), QTimeZone::utc()), 9.61);
+        cas("23:00 UTC la veille", QDateTime(QDate(2016, 12, 31), QTime(23, 0), QTimeZone::utc()), 9.76);
+        cas("01:00 +02:00 le jour (heure d'été)", QDateTime(QDate(2017, 1, 1), QTime(1, 0), QTimeZone(7200)), 9.76);
+        cas("instant invalide", QDateTime(), 7.61);
     }
     void instantsAutourDUneBascule()
     {
@@ -211,13 +210,13 @@ private slots:
     {
         QTest::addColumn<QDate>("jour");
         QTest::addColumn<QString>("attendu");
-        QTest::newRow("bien avant : 1990-01-01") << QDate(1990, 1, 1) << "06_2003";
-        QTest::newRow("veille : 2007-03-31") << QDate(2007, 3, 31) << "06_2003";
-        QTest::newRow("bascule : 2007-04-01") << QDate(2007, 4, 1) << "04_2007";
-        QTest::newRow("2012-05-15") << QDate(2012, 5, 15) << "04_2007";
-        QTest::newRow("veille : 2016-07-31") << QDate(2016, 7, 31) << "04_2007";
-        QTest::newRow("bascule : 2016-08-01") << QDate(2016, 8, 1) << "08_2016";
-        QTest::newRow("bien après : 2040-06-15") << QDate(2040, 6, 15) << "08_2016";
+        cas("bien avant : 1990-01-01", QDate(1990, 1, 1), "06_2003");
+        cas("veille : 2007-03-31", QDate(2007, 3, 31), "06_2003");
+        cas("bascule : 2007-04-01", QDate(2007, 4, 1), "04_2007");
+        cas("2012-05-15", QDate(2012, 5, 15), "04_2007");
+        cas("veille : 2016-07-31", QDate(2016, 7, 31), "04_2007");
+        cas("bascule : 2016-08-01", QDate(2016, 8, 1), "08_2016");
+        cas("bien après : 2040-06-15", QDate(2040, 6, 15), "08_2016");
     }
     void protocolePour()
     {

@@ -1,3 +1,4 @@
+#include "commun/Cas.h"
 #include "store/Annexes.h"
 #include "unemployment/FonctionsParametres.h"
 #include "unemployment/ParametresPoleEmploi.h"
@@ -5,6 +6,7 @@
 #include <QTest>
 
 using namespace corvane;
+using namespace corvane::test;
 
 using Paliers = QList<QPair<quint32, quint32>>;
 
@@ -34,15 +36,15 @@ private slots:
     {
         QTest::addColumn<QString>("profession");
         QTest::addColumn<double>("attendu");
-        QTest::newRow("Artiste") << "Artiste" << 507.0;
-        QTest::newRow("Ouvrier") << "Ouvrier" << 507.0;
-        QTest::newRow("Technicien") << "Technicien" << 507.0;
-        QTest::newRow("en minuscules") << "artiste" << 0.0;
-        QTest::newRow("en majuscules") << "TECHNICIEN" << 0.0;
-        QTest::newRow("avec une espace") << "Artiste " << 0.0;
-        QTest::newRow("vide") << "" << 0.0;
-        QTest::newRow("Régime Général") << "Régime Général" << 0.0;
-        QTest::newRow("Auto Entrepreneur") << "Auto Entrepreneur" << 0.0;
+        cas("Artiste", "Artiste", 507.0);
+        cas("Ouvrier", "Ouvrier", 507.0);
+        cas("Technicien", "Technicien", 507.0);
+        cas("en minuscules", "artiste", 0.0);
+        cas("en majuscules", "TECHNICIEN", 0.0);
+        cas("avec une espace", "Artiste ", 0.0);
+        cas("vide", "", 0.0);
+        cas("Régime Général", "Régime Général", 0.0);
+        cas("Auto Entrepreneur", "Auto Entrepreneur", 0.0);
     }
     void heuresMinimumARealiserPour()
     {
@@ -55,13 +57,13 @@ private slots:
     {
         QTest::addColumn<QString>("profession");
         QTest::addColumn<int>("attendu");
-        QTest::newRow("Artiste") << "Artiste" << 12;
-        QTest::newRow("Ouvrier") << "Ouvrier" << 8;
-        QTest::newRow("Technicien") << "Technicien" << 8;
-        QTest::newRow("vide : un artiste") << "" << 12;
-        QTest::newRow("artiste en minuscules : inconnu") << "artiste" << 12;
-        QTest::newRow("ouvrier en minuscules : inconnu") << "ouvrier" << 12;
-        QTest::newRow("Régime Général : inconnu") << "Régime Général" << 12;
+        cas("Artiste", "Artiste", 12);
+        cas("Ouvrier", "Ouvrier", 8);
+        cas("Technicien", "Technicien", 8);
+        cas("vide : un artiste", "", 12);
+        cas("artiste en minuscules : inconnu", "artiste", 12);
+        cas("ouvrier en minuscules : inconnu", "ouvrier", 12);
+        cas("Régime Général : inconnu", "Régime Général", 12);
     }
     void nombreHeuresParJourPour()
     {
@@ -73,10 +75,10 @@ private slots:
     void sansAnnexe_data()
     {
         QTest::addColumn<QString>("profession");
-        QTest::newRow("en minuscules") << "artiste";
-        QTest::newRow("vide") << "";
-        QTest::newRow("Régime Général") << "Régime Général";
-        QTest::newRow("Auto Entrepreneur") << "Auto Entrepreneur";
+        cas("en minuscules", "artiste");
+        cas("vide", "");
+        cas("Régime Général", "Régime Général");
+        cas("Auto Entrepreneur", "Auto Entrepreneur");
     }
     void sansAnnexe()
     {
@@ -91,17 +93,12 @@ private slots:
         QTest::addColumn<quint32>("periode");
         QTest::addColumn<QList<quint32>>("paliers");
         QTest::addColumn<Paliers>("tableau");
-        QTest::newRow("Artiste 06_2003") << "Artiste"
-                                         << "06_2003" << 319u << QList<quint32>{531, 579, 627, 675} << paliersArtiste;
-        QTest::newRow("Artiste 04_2007") << "Artiste"
-                                         << "04_2007" << 319u << QList<quint32>{531, 579, 627, 675} << paliersArtiste;
-        QTest::newRow("Artiste 08_2016") << "Artiste"
-                                         << "08_2016" << 366u << QList<quint32>{549, 591, 633, 675} << tableau2016;
-        QTest::newRow("Technicien 04_2007")
-            << "Technicien"
-            << "04_2007" << 304u << QList<quint32>{557, 607, 657, 707} << paliersOuvrierTechnicien;
-        QTest::newRow("Ouvrier 08_2016") << "Ouvrier"
-                                         << "08_2016" << 366u << QList<quint32>{549, 591, 633, 675} << tableau2016;
+        cas("Artiste 06_2003", "Artiste", "06_2003", 319u, QList<quint32>{531, 579, 627, 675}, paliersArtiste);
+        cas("Artiste 04_2007", "Artiste", "04_2007", 319u, QList<quint32>{531, 579, 627, 675}, paliersArtiste);
+        cas("Artiste 08_2016", "Artiste", "08_2016", 366u, QList<quint32>{549, 591, 633, 675}, tableau2016);
+        cas("Technicien 04_2007", "Technicien", "04_2007", 304u, QList<quint32>{557, 607, 657, 707},
+            paliersOuvrierTechnicien);
+        cas("Ouvrier 08_2016", "Ouvrier", "08_2016", 366u, QList<quint32>{549, 591, 633, 675}, tableau2016);
     }
     void periodeEtPaliersPour()
     {
@@ -124,9 +121,9 @@ private slots:
         const QString texte =
             QStringLiteral("Actuellement, Corvane ne peut calculer vos droits au-delà d'une période de référence de "
                            "%1 jours.\n");
-        QTest::newRow("06_2003") << "06_2003" << texte.arg(425);
-        QTest::newRow("04_2007") << "04_2007" << texte.arg(425);
-        QTest::newRow("08_2016") << "08_2016" << texte.arg(485);
+        cas("06_2003", "06_2003", texte.arg(425));
+        cas("04_2007", "04_2007", texte.arg(425));
+        cas("08_2016", "08_2016", texte.arg(485));
     }
     void messagePeriodeAuDelaDuDernierPalier()
     {
