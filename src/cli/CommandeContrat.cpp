@@ -28,11 +28,9 @@ protected:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {}, 2, &code))
             return code;
-        bool ok = false;
-        const int id = arguments.positionnels().at(1).toInt(&ok);
-        if (!ok || id <= 0)
-            return mauvaisUsage(
-                contexte, QStringLiteral("numéro de contrat invalide : « %1 »").arg(arguments.positionnels().at(1)));
+        const int id = lireNumero(contexte, arguments, QStringLiteral("contrat"), &code);
+        if (id == 0)
+            return code;
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         if (!documentAccessible(contexte, chemin, &code))
             return code;

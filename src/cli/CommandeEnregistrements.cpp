@@ -48,6 +48,19 @@ bool CommandeEnregistrements::preparerEcriture(Contexte& contexte, const QString
     return true;
 }
 
+int CommandeEnregistrements::lireNumero(Contexte& contexte, const Arguments& arguments, const QString& quoi,
+                                        int* code) const
+{
+    bool ok = false;
+    const int id = arguments.positionnels().at(1).toInt(&ok);
+    if (!ok || id <= 0) {
+        *code = mauvaisUsage(contexte, QStringLiteral("numéro de %1 invalide : « %2 »")
+                                           .arg(quoi, arguments.positionnels().at(1)));
+        return 0;
+    }
+    return id;
+}
+
 QJsonObject CommandeEnregistrements::versJson(const Ligne& ligne)
 {
     return QJsonObject::fromVariantMap(ligne);

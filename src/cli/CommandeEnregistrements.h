@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/Arguments.h"
 #include "cli/Commande.h"
 #include "store/BaseDeDonnees.h"
 
@@ -28,6 +29,10 @@ protected:
 
     // The upgrade pass, as at every opening by the program; called just before writing.
     static bool preparerEcriture(Contexte& contexte, const QString& chemin, int* code);
+
+    // The record number given after the document; 0, with bad usage reported as
+    // "numéro de <quoi> invalide", when it is not one.
+    int lireNumero(Contexte& contexte, const Arguments& arguments, const QString& quoi, int* code) const;
 
     static QJsonObject versJson(const Ligne& ligne);
     static QJsonArray versJson(const Lignes& lignes);

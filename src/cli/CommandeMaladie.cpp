@@ -51,18 +51,6 @@ protected:
     }
 
 private:
-    int lireId(Contexte& contexte, const Arguments& arguments, int* code) const
-    {
-        bool ok = false;
-        const int id = arguments.positionnels().at(1).toInt(&ok);
-        if (!ok || id <= 0) {
-            *code = mauvaisUsage(
-                contexte, QStringLiteral("numéro de période invalide : « %1 »").arg(arguments.positionnels().at(1)));
-            return 0;
-        }
-        return id;
-    }
-
     static QString messageInconnu(int id) { return QStringLiteral("aucune période ne porte le numéro %1.").arg(id); }
 
     // A kind given by its number, its label or its list code; 0 when it is none.
@@ -108,7 +96,7 @@ private:
                        {"note"}},
                       modifier ? 2 : 1, &code))
             return code;
-        const int id = modifier ? lireId(contexte, arguments, &code) : 0;
+        const int id = modifier ? lireNumero(contexte, arguments, QStringLiteral("période"), &code) : 0;
         if (code != Succes)
             return code;
         if (!arguments.exiger({"type", "debut", "fin"}))
@@ -169,7 +157,7 @@ private:
     // The key of an existing record, the document checked; 0 with the code set otherwise.
     int recordExistant(Contexte& contexte, const Arguments& arguments, int* code)
     {
-        const int id = lireId(contexte, arguments, code);
+        const int id = lireNumero(contexte, arguments, QStringLiteral("période"), code);
         if (*code != Succes)
             return 0;
         if (!documentAccessible(contexte, chemin(arguments), code))

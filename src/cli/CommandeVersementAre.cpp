@@ -47,19 +47,6 @@ protected:
     }
 
 private:
-    // The key given after the document; 0, with bad usage reported, when it is not one.
-    int lireId(Contexte& contexte, const Arguments& arguments, int* code) const
-    {
-        bool ok = false;
-        const int id = arguments.positionnels().at(1).toInt(&ok);
-        if (!ok || id <= 0) {
-            *code = mauvaisUsage(
-                contexte, QStringLiteral("numéro de versement invalide : « %1 »").arg(arguments.positionnels().at(1)));
-            return 0;
-        }
-        return id;
-    }
-
     static QString messageInconnu(int id) { return QStringLiteral("aucun versement ne porte le numéro %1.").arg(id); }
 
     int enregistrer(Contexte& contexte, const QStringList& liste, bool modifier)
@@ -68,7 +55,7 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {{"date"}, {"montant"}}, modifier ? 2 : 1, &code))
             return code;
-        const int id = modifier ? lireId(contexte, arguments, &code) : 0;
+        const int id = modifier ? lireNumero(contexte, arguments, QStringLiteral("versement"), &code) : 0;
         if (code != Succes)
             return code;
         if (!arguments.exiger({"date", "montant"}))
@@ -104,7 +91,7 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {}, 2, &code))
             return code;
-        const int id = lireId(contexte, arguments, &code);
+        const int id = lireNumero(contexte, arguments, QStringLiteral("versement"), &code);
         if (code != Succes)
             return code;
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
