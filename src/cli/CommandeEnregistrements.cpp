@@ -54,11 +54,38 @@ int CommandeEnregistrements::lireNumero(Contexte& contexte, const Arguments& arg
     bool ok = false;
     const int id = arguments.positionnels().at(1).toInt(&ok);
     if (!ok || id <= 0) {
-        *code = mauvaisUsage(contexte, QStringLiteral("numéro de %1 invalide : « %2 »")
-                                           .arg(quoi, arguments.positionnels().at(1)));
+        *code = mauvaisUsage(
+            contexte, QStringLiteral("numéro de %1 invalide : « %2 »").arg(quoi, arguments.positionnels().at(1)));
         return 0;
     }
     return id;
+}
+
+std::optional<CommandeEnregistrements::Intervalle>
+CommandeEnregistrements::lireIntervalle(Contexte& contexte, Arguments& arguments, int* code) const
+{
+    static const QStringList periodes{"tous", "periode_reference", "annee", "periode"};
+    Intervalle intervalle{arguments.valeur("periode", QStringLiteral("tous")), {}, {}};
+    if (!periodes.contains(intervalle.periode)) {
+        *code = mauvaisUsage(contexte, QStringLiteral("période inconnue : « %1 » (choix : %2)")
+                                           .arg(intervalle.periode, periodes.join(QStringLiteral(", "))));
+        return std::nullopt;
+    }
+    if (arguments.contient("du") != arguments.contient("au")) {
+        *code = mauvaisUsage(contexte, QStringLiteral("--du et --au vont ensemble"));
+        return std::nullopt;
+    }
+    intervalle.du = arguments.date("du");
+    intervalle.au = arguments.date("au");
+    if (arguments.enErreur()) {
+        *code = mauvaisUsage(contexte, arguments.erreur());
+        return std::nullopt;
+    }
+    if (intervalle.du && *intervalle.au < *intervalle.du) {
+        *code = mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
+        return std::nullopt;
+    }
+    return intervalle;
 }
 
 QJsonObject CommandeEnregistrements::versJson(const Ligne& ligne)

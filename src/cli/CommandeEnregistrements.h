@@ -7,6 +7,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <optional>
+
 namespace corvane::cli {
 
 // Base of the commands that read or change a document's records (profil, employeur,
@@ -33,6 +35,16 @@ protected:
     // The record number given after the document; 0, with bad usage reported as
     // "numéro de <quoi> invalide", when it is not one.
     int lireNumero(Contexte& contexte, const Arguments& arguments, const QString& quoi, int* code) const;
+
+    // The span options of a listing: --periode (tous, periode_reference, annee, periode, "tous" when
+    // absent) and --du/--au given together in order. Nothing, with bad usage reported, when they are not.
+    struct Intervalle
+    {
+        QString periode;
+        std::optional<QDate> du;
+        std::optional<QDate> au;
+    };
+    std::optional<Intervalle> lireIntervalle(Contexte& contexte, Arguments& arguments, int* code) const;
 
     static QJsonObject versJson(const Ligne& ligne);
     static QJsonArray versJson(const Lignes& lignes);

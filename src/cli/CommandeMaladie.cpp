@@ -14,12 +14,6 @@ namespace corvane::cli {
 
 namespace {
 
-const QStringList& periodes()
-{
-    static const QStringList liste{"tous", "periode_reference", "annee", "periode"};
-    return liste;
-}
-
 class CommandeMaladie : public CommandeEnregistrements
 {
 public:
@@ -231,24 +225,16 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {{"periode"}, {"du"}, {"au"}, {"type"}, {"sens"}}, 1, &code))
             return code;
-        const QString periode = arguments.valeur("periode", QStringLiteral("tous"));
-        if (!periodes().contains(periode))
-            return mauvaisUsage(
-                contexte, QStringLiteral("période inconnue : « %1 » (choix : %2)").arg(periode, periodes().join(", ")));
+        const auto intervalle = lireIntervalle(contexte, arguments, &code);
+        if (!intervalle)
+            return code;
         const QString sens = arguments.valeur("sens", QStringLiteral("ASC"));
         if (sens != QStringLiteral("ASC") && sens != QStringLiteral("DESC"))
             return mauvaisUsage(contexte, QStringLiteral("sens inconnu : « %1 » (choix : ASC, DESC)").arg(sens));
         const int type = arguments.contient("type") ? lireType(arguments.valeur("type")) : 0;
         if (arguments.contient("type") && type == 0)
             return typeInconnu(contexte, arguments.valeur("type"));
-        if (arguments.contient("du") != arguments.contient("au"))
-            return mauvaisUsage(contexte, QStringLiteral("--du et --au vont ensemble"));
-        const auto du = arguments.date("du");
-        const auto au = arguments.date("au");
-        if (arguments.enErreur())
-            return mauvaisUsage(contexte, arguments.erreur());
-        if (du && *au < *du)
-            return mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
+        const auto [periode, du, au] = *intervalle;
         const QString fichier = chemin(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;

@@ -16,12 +16,6 @@ namespace corvane::cli {
 
 namespace {
 
-const QStringList& periodes()
-{
-    static const QStringList liste{"tous", "periode_reference", "annee", "periode"};
-    return liste;
-}
-
 class CommandeVersementAre : public CommandeEnregistrements
 {
 public:
@@ -116,18 +110,10 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {{"periode"}, {"du"}, {"au"}, {"sens"}}, 1, &code))
             return code;
-        const QString periode = arguments.valeur("periode", QStringLiteral("tous"));
-        if (!periodes().contains(periode))
-            return mauvaisUsage(
-                contexte, QStringLiteral("période inconnue : « %1 » (choix : %2)").arg(periode, periodes().join(", ")));
-        if (arguments.contient("du") != arguments.contient("au"))
-            return mauvaisUsage(contexte, QStringLiteral("--du et --au vont ensemble"));
-        const auto du = arguments.date("du");
-        const auto au = arguments.date("au");
-        if (arguments.enErreur())
-            return mauvaisUsage(contexte, arguments.erreur());
-        if (du && *au < *du)
-            return mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
+        const auto intervalle = lireIntervalle(contexte, arguments, &code);
+        if (!intervalle)
+            return code;
+        const auto [periode, du, au] = *intervalle;
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         // A listing reads only: no upgrade pass, nothing written.
         if (!documentAccessible(contexte, chemin, &code))

@@ -3,6 +3,7 @@
 // left byte-identical).
 
 #include "cli/Cli.h"
+#include "commun/OutilsCli.h"
 #include "store/Horloge.h"
 #include "unemployment/OutilsDroits.h"
 
@@ -17,25 +18,10 @@ using namespace corvane::test;
 
 namespace {
 
-struct Resultat
-{
-    int code = -1;
-    QString sortie;
-    QString erreurs;
-    QJsonObject json() const { return QJsonDocument::fromJson(sortie.toUtf8()).object(); }
-};
-
 // Today is 2024-06-15 unless the arguments say otherwise.
-Resultat lancer(const QStringList& arguments)
+ResultatCli lancer(const QStringList& arguments)
 {
-    Resultat r;
-    QTextStream sortie(&r.sortie);
-    QTextStream erreurs(&r.erreurs);
-    r.code = cli::Cli().executer(QStringList{"--aujourdhui", "2024-06-15", "--json"} + arguments, sortie, erreurs);
-    sortie.flush();
-    erreurs.flush();
-    Horloge::reinitialiser();
-    return r;
+    return executerCli(QStringList{"--aujourdhui", "2024-06-15", "--json"} + arguments);
 }
 
 QList<int> entiers(const QJsonArray& tableau)
@@ -104,9 +90,9 @@ private slots:
     {
         QFETCH(DossierDroits, dossier);
         QFETCH(QJsonObject, attendu);
-        const Resultat r = lancer({"periode-reference", document(dossier)});
+        const ResultatCli r = lancer({"periode-reference", document(dossier)});
         QCOMPARE(r.code, 0);
-        QCOMPARE(r.json(), attendu);
+        QCOMPARE(lireJson(r), attendu);
     }
 
     // The span is 2024-03-01 to 2024-12-31.
@@ -137,10 +123,11 @@ private slots:
                                       {3, 1, 8, avril, true, 0},
                                       {1, 1, 30, QDate(2025, 3, 1)}};
         const QString chemin = document({contrats, {{avril, 3, 0}, {QDate(2025, 3, 1), 2, 0}}, emploiId});
-        const Resultat r = lancer(QStringList{"heures", chemin, "--du", "2024-03-01", "--au", "2024-12-31"} + options);
+        const ResultatCli r =
+            lancer(QStringList{"heures", chemin, "--du", "2024-03-01", "--au", "2024-12-31"} + options);
         QCOMPARE(r.code, 0);
-        QCOMPARE(entiers(r.json().value("heures").toArray()), heures);
-        QCOMPARE(r.json().value("heuresParJour").toInt(), heuresParJour);
+        QCOMPARE(entiers(lireJson(r).value("heures").toArray()), heures);
+        QCOMPARE(lireJson(r).value("heuresParJour").toInt(), heuresParJour);
     }
 
     void joursIndemnises_data()
@@ -184,10 +171,10 @@ private slots:
         QFETCH(int, annee);
         QFETCH(int, jours);
         const QString chemin = document({contrats, {}, emploiId, ouverture});
-        const Resultat r = lancer({"--aujourdhui", aujourdhui, "jours-indemnises", chemin, "--mois",
-                                   QString::number(mois), "--annee", QString::number(annee)});
+        const ResultatCli r = lancer({"--aujourdhui", aujourdhui, "jours-indemnises", chemin, "--mois",
+                                      QString::number(mois), "--annee", QString::number(annee)});
         QCOMPARE(r.code, 0);
-        QCOMPARE(r.json().value("jours").toInt(-999), jours);
+        QCOMPARE(lireJson(r).value("jours").toInt(-999), jours);
     }
 
     // Payments on 2023-12-31, 2024-01-01, 2024-03-15, 2024-06-10, 2025-01-01 and 2025-01-02.
@@ -226,25 +213,25 @@ private slots:
         QFETCH(QStringList, dates);
         QFETCH(double, cumul);
         const QByteArray avant = empreinte(m_versements);
-        const Resultat r = lancer(QStringList{"versement-are", "lister", m_versements} + options);
+        const ResultatCli r = lancer(QStringList{"versement-are", "lister", m_versements} + options);
         QCOMPARE(r.code, 0);
         QStringList lues;
-        for (const QJsonValue& v : r.json().value("versements").toArray())
+        for (const QJsonValue& v : lireJson(r).value("versements").toArray())
             lues << v.toObject().value("Date SQLite").toString().left(10);
         QCOMPARE(lues, dates);
         // Right to the cent: compared exactly, not within a tolerance.
-        QVERIFY2(r.json().value("cumul").toDouble() == cumul, qPrintable(r.sortie));
+        QVERIFY2(lireJson(r).value("cumul").toDouble() == cumul, r.sortie.constData());
         QCOMPARE(empreinte(m_versements), avant);
     }
 
     void versementsModification()
     {
         const QString chemin = document();
-        Resultat r = lancer({"versement-are", "ajouter", chemin, "--date", "2024-04-05", "--montant", "1 977,5"});
+        ResultatCli r = lancer({"versement-are", "ajouter", chemin, "--date", "2024-04-05", "--montant", "1 977,5"});
         QCOMPARE(r.code, 0);
-        const int id = r.json().value("id").toInt();
+        const int id = lireJson(r).value("id").toInt();
         r = lancer({"versement-are", "lister", chemin});
-        const QJsonObject ligne = r.json().value("versements").toArray().first().toObject();
+        const QJsonObject ligne = lireJson(r).value("versements").toArray().first().toObject();
         QCOMPARE(
             ligne,
             (QJsonObject{
@@ -253,7 +240,7 @@ private slots:
         r = lancer({"versement-are", "modifier", chemin, QString::number(id), "--date", "2024-04-06", "--montant",
                     "1 977,05"});
         QCOMPARE(r.code, 0);
-        QCOMPARE(r.json().value("id").toInt(), id);
+        QCOMPARE(lireJson(r).value("id").toInt(), id);
         QCOMPARE(valeur(chemin, "SELECT ah_date || ' ' || ah_montant FROM assedichistorique;"),
                  QStringLiteral("2024-04-06 00:00:00.000 1977.05"));
 
@@ -321,7 +308,7 @@ private slots:
         for (QString& argument : arguments)
             argument.replace(QStringLiteral("%1"), chemin);
         const QByteArray avant = empreinte(chemin);
-        const Resultat r = lancer(arguments);
+        const ResultatCli r = lancer(arguments);
         QCOMPARE(r.code, code);
         QVERIFY2(r.erreurs.startsWith(QStringLiteral("corvane-cli: ")), qPrintable(r.erreurs));
         QVERIFY2(r.erreurs.contains(message), qPrintable(r.erreurs));

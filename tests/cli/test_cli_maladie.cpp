@@ -3,6 +3,7 @@
 // its thresholds, and what is refused (the document left byte-identical).
 
 #include "cli/Cli.h"
+#include "commun/OutilsCli.h"
 #include "store/Horloge.h"
 #include "unemployment/OutilsDroits.h"
 #include "unemployment/ParametresIntermittent.h"
@@ -20,25 +21,10 @@ using namespace corvane::test;
 
 namespace {
 
-struct Resultat
+// Today is 2024-06-15 unless the arguments say otherwise.
+ResultatCli lancer(const QStringList& arguments)
 {
-    int code = -1;
-    QString sortie;
-    QString erreurs;
-    QJsonObject json() const { return QJsonDocument::fromJson(sortie.toUtf8()).object(); }
-};
-
-// Today is 2024-06-15.
-Resultat lancer(const QStringList& arguments)
-{
-    Resultat r;
-    QTextStream sortie(&r.sortie);
-    QTextStream erreurs(&r.erreurs);
-    r.code = cli::Cli().executer(QStringList{"--aujourdhui", "2024-06-15", "--json"} + arguments, sortie, erreurs);
-    sortie.flush();
-    erreurs.flush();
-    Horloge::reinitialiser();
-    return r;
+    return executerCli(QStringList{"--aujourdhui", "2024-06-15", "--json"} + arguments);
 }
 
 // A contract with its gross pay, which the rights grid sums.
@@ -146,9 +132,9 @@ private slots:
                               QString::number(suspendus)};
         if (ald)
             arguments << "--ald";
-        const Resultat r = lancer(arguments);
+        const ResultatCli r = lancer(arguments);
         QVERIFY2(r.code == 0, qPrintable(r.erreurs));
-        QCOMPARE(r.json(),
+        QCOMPARE(lireJson(r),
                  (QJsonObject{{"id", 1}, {"jours", 10}, {"incidenceHeures", heures}, {"incidencePeriode", periode}}));
     }
 
@@ -158,18 +144,19 @@ private slots:
     {
         const QString chemin = documentFinDesDroits(QDate(2016, 12, 31));
         const QStringList dates{"--debut", "2016-03-01", "--fin", "2016-03-10"};
-        Resultat r = lancer(QStringList{"maladie", "ajouter", chemin, "--type", "Maladie", "--ij", "1 234,56", "--note",
-                                        "L'arrêt « grippe »"} +
-                            dates);
-        QCOMPARE(r.json().value("incidencePeriode").toInt(), 10);
+        ResultatCli r = lancer(QStringList{"maladie", "ajouter", chemin, "--type", "Maladie", "--ij", "1 234,56",
+                                           "--note", "L'arrêt « grippe »"} +
+                               dates);
+        QCOMPARE(lireJson(r).value("incidencePeriode").toInt(), 10);
         r = lancer(QStringList{"maladie", "modifier", chemin, "1", "--type", "Maladie", "--suspendus", "4", "--ald",
                                "--ij", "0,10", "--note", "L'arrêt « grippe »"} +
                    dates);
         QVERIFY2(r.code == 0, qPrintable(r.erreurs));
-        QCOMPARE(r.json(), (QJsonObject{{"id", 1}, {"jours", 10}, {"incidenceHeures", 0}, {"incidencePeriode", 10}}));
+        QCOMPARE(lireJson(r),
+                 (QJsonObject{{"id", 1}, {"jours", 10}, {"incidenceHeures", 0}, {"incidencePeriode", 10}}));
         QCOMPARE(lancer({"maladie", "cocher", chemin, "1", "--rembourse", "1", "--ald", "0"}).code, 0);
 
-        const QJsonObject ligne = lancer({"maladie", "lister", chemin}).json().value("periodes")[0].toObject();
+        const QJsonObject ligne = lireJson(lancer({"maladie", "lister", chemin})).value("periodes")[0].toObject();
         QCOMPARE(ligne.value("Total I.J.").toDouble(), 0.10);
         QCOMPARE(ligne.value("Journees Suspendues").toInt(), 4);
         QCOMPARE(ligne.value("Rembourse").toString(), QStringLiteral("Oui"));
@@ -179,7 +166,7 @@ private slots:
         QCOMPARE(ligne.value("Date Fin SQLite").toString(), QStringLiteral("2016-03-10 00:00:00.000"));
 
         QCOMPARE(lancer({"maladie", "supprimer", chemin, "1"}).code, 0);
-        QCOMPARE(identifiants(lancer({"maladie", "lister", chemin}).json()), QList<int>{});
+        QCOMPARE(identifiants(lireJson(lancer({"maladie", "lister", chemin}))), QList<int>{});
     }
 
     void superpositions_data()
@@ -230,7 +217,8 @@ private slots:
                          .code,
                      0);
         const QByteArray avant = empreinte(chemin);
-        const Resultat r = lancer({"maladie", "ajouter", chemin, "--type", "Maladie", "--debut", debut, "--fin", fin});
+        const ResultatCli r =
+            lancer({"maladie", "ajouter", chemin, "--type", "Maladie", "--debut", debut, "--fin", fin});
         if (message.isEmpty()) {
             QVERIFY2(r.code == 0, qPrintable(r.erreurs));
             return;
@@ -269,9 +257,9 @@ private slots:
                 lancer({"maladie", "ajouter", c, "--type", p[0], "--debut", p[1], "--fin", p[2]});
             return c;
         }();
-        const Resultat r = lancer(QStringList{"maladie", "lister", chemin} + options);
+        const ResultatCli r = lancer(QStringList{"maladie", "lister", chemin} + options);
         QVERIFY2(r.code == 0, qPrintable(r.erreurs));
-        QCOMPARE(identifiants(r.json()), ids);
+        QCOMPARE(identifiants(lireJson(r)), ids);
     }
 
     // The day checked is 2024-06-15; the minimum wage is the one in force at the opening of
@@ -322,9 +310,9 @@ private slots:
         QFETCH(QStringList, attendu);
         const QString chemin = document();
         ajouterContrats(chemin, contrats);
-        const Resultat r = lancer({"maladie", "droits", chemin, "--date", "2024-06-15"});
+        const ResultatCli r = lancer({"maladie", "droits", chemin, "--date", "2024-06-15"});
         QVERIFY2(r.code == 0, qPrintable(r.erreurs));
-        const QJsonArray grille = r.json().value("droits").toArray();
+        const QJsonArray grille = lireJson(r).value("droits").toArray();
         QCOMPARE(grille.size(), 4);
         const auto cellule = [&](int rangee, const char* cle) {
             return grille.at(rangee).toObject().value(QLatin1String(cle)).toString();
@@ -377,7 +365,7 @@ private slots:
         for (QString& argument : arguments)
             argument.replace(QStringLiteral("%1"), chemin);
         const QByteArray avant = empreinte(chemin);
-        const Resultat r = lancer(arguments);
+        const ResultatCli r = lancer(arguments);
         QCOMPARE(r.code, code);
         QVERIFY2(r.erreurs.startsWith(QStringLiteral("corvane-cli: ")), qPrintable(r.erreurs));
         QVERIFY2(r.erreurs.contains(message), qPrintable(r.erreurs));
