@@ -1,5 +1,7 @@
 #include "cli/Commande.h"
 
+#include "unemployment/ComptageHeures.h"
+
 #include "store/BaseDeDonnees.h"
 #include "store/ErreursSQLite.h"
 
@@ -76,6 +78,35 @@ std::optional<Commande::Verrouillage> Commande::lireVerrouillage(Contexte& conte
         return Verrouillage{false, true};
     return Verrouillage{true, contexte.motDePasseDonne && QString::fromUtf8(QByteArray::fromBase64(
                                                               r.texte(1).toLatin1())) == contexte.motDePasse};
+}
+
+std::optional<Commande::PlageDeDroits> Commande::lirePlageDeDroits(Contexte& contexte, Arguments& arguments,
+                                                                  int* code) const
+{
+    // In the order of ComptageHeures::conditionsDesContrats.
+    static const QStringList choix{"tous", "effectues", "planifies"};
+    if (!arguments.exiger({"du", "au"})) {
+        *code = mauvaisUsage(contexte, arguments.erreur());
+        return std::nullopt;
+    }
+    const QString contrats = arguments.valeur("contrats", QStringLiteral("tous"));
+    const int index = int(choix.indexOf(contrats));
+    if (index < 0) {
+        *code = mauvaisUsage(contexte, QStringLiteral("choix de contrats inconnu : « %1 » (choix : %2)")
+                                           .arg(contrats, choix.join(", ")));
+        return std::nullopt;
+    }
+    const auto du = arguments.date("du");
+    const auto au = arguments.date("au");
+    if (arguments.enErreur()) {
+        *code = mauvaisUsage(contexte, arguments.erreur());
+        return std::nullopt;
+    }
+    if (*au < *du) {
+        *code = mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
+        return std::nullopt;
+    }
+    return PlageDeDroits{*du, *au, ComptageHeures::conditionsDesContrats().at(index)};
 }
 
 } // namespace corvane::cli

@@ -59,6 +59,16 @@ protected:
     };
     // Empty, with the message reported, when the lock flag cannot be read.
     static std::optional<Verrouillage> lireVerrouillage(Contexte& contexte, const QString& chemin, int* code);
+
+    // The span and contract choice of the rights commands: --du and --au, both required and in
+    // order, and --contrats tous|effectues|planifies ("tous" when absent) as its SQL condition.
+    struct PlageDeDroits
+    {
+        QDate du;
+        QDate au;
+        QString conditionDesContrats;
+    };
+    std::optional<PlageDeDroits> lirePlageDeDroits(Contexte& contexte, Arguments& arguments, int* code) const;
 };
 
 using Commandes = std::vector<std::unique_ptr<Commande>>;

@@ -20,13 +20,6 @@ const QStringList& modes()
     return liste;
 }
 
-// In the order of ComptageHeures::conditionsDesContrats.
-const QStringList& choixContrats()
-{
-    static const QStringList liste{"tous", "effectues", "planifies"};
-    return liste;
-}
-
 class CommandeHeures : public Commande
 {
 public:
@@ -43,30 +36,20 @@ public:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {{"du"}, {"au"}, {"mode"}, {"contrats"}}, 1, &code))
             return code;
-        if (!arguments.exiger({"du", "au"}))
-            return mauvaisUsage(contexte, arguments.erreur());
         const QString mode = arguments.valeur("mode", QStringLiteral("simulation"));
         if (!modes().contains(mode))
             return mauvaisUsage(contexte,
                                 QStringLiteral("mode inconnu : « %1 » (choix : %2)").arg(mode, modes().join(", ")));
-        const QString contrats = arguments.valeur("contrats", QStringLiteral("tous"));
-        const int choix = int(choixContrats().indexOf(contrats));
-        if (choix < 0)
-            return mauvaisUsage(contexte, QStringLiteral("choix de contrats inconnu : « %1 » (choix : %2)")
-                                              .arg(contrats, choixContrats().join(", ")));
-        const auto du = arguments.date("du");
-        const auto au = arguments.date("au");
-        if (arguments.enErreur())
-            return mauvaisUsage(contexte, arguments.erreur());
-        if (*au < *du)
-            return mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
+        const auto plage = lirePlageDeDroits(contexte, arguments, &code);
+        if (!plage)
+            return code;
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         if (!CommandeEnregistrements::documentAccessible(contexte, chemin, &code))
             return code;
 
         ComptageHeures comptage(chemin);
         const TableauHeures heures =
-            comptage.compteHeuresParEmploiEtParType(mode, *du, *au, ComptageHeures::conditionsDesContrats().at(choix));
+            comptage.compteHeuresParEmploiEtParType(mode, plage->du, plage->au, plage->conditionDesContrats);
         const int heuresParJour = comptage.retrouveHeuresParJour();
 
         if (contexte.json) {
@@ -76,8 +59,8 @@ public:
             ecrireJson(contexte, {{"heures", tableau}, {"heuresParJour", heuresParJour}});
             return Succes;
         }
-        contexte.sortie << "Heures du " << Dates::versAffichage(*du) << " au " << Dates::versAffichage(*au) << " (mode "
-                        << mode << ", contrats : " << contrats << ")\n";
+        contexte.sortie << "Heures du " << Dates::versAffichage(plage->du) << " au " << Dates::versAffichage(plage->au)
+                        << " (mode " << mode << ", contrats : " << arguments.valeur("contrats", "tous") << ")\n";
         const QStringList emplois{"Artiste", "Ouvrier", "Technicien"};
         for (int i = 0; i < emplois.size(); ++i)
             contexte.sortie << "  " << emplois.at(i) << " : prestations " << heures[3 * i] << ", enseignements "

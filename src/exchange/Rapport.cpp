@@ -138,10 +138,7 @@ QString Rapport::texteLigne(const QString& libelle, const QString& valeur)
 
 QString Rapport::montant(double euros)
 {
-    // Qt writes a negative amount the accountants' way, "(12,50 €)": a sign reads better
-    // to everyone else. An amount that shows as zero gets no sign.
-    const QString texte = enEuros(std::abs(euros));
-    return std::llround(euros * 100) < 0 ? localeFrancaise().negativeSign() + texte : texte;
+    return enEuros(euros);
 }
 
 void Rapport::nouveauBloc(const QTextBlockFormat& format, const QTextCharFormat& texte)

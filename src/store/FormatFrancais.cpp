@@ -1,5 +1,7 @@
 #include "store/FormatFrancais.h"
 
+#include <cmath>
+
 namespace corvane {
 
 const QLocale& localeFrancaise()
@@ -10,7 +12,10 @@ const QLocale& localeFrancaise()
 
 QString enEuros(double montant)
 {
-    return localeFrancaise().toCurrencyString(montant, QStringLiteral("€"), 2);
+    // Qt writes a negative amount the accountants' way, "(12,50 €)": a sign reads better to
+    // everyone else. An amount that shows as zero gets no sign.
+    const QString texte = localeFrancaise().toCurrencyString(std::abs(montant), QStringLiteral("€"), 2);
+    return std::llround(montant * 100) < 0 ? localeFrancaise().negativeSign() + texte : texte;
 }
 
 QString enNombre(double valeur)

@@ -11,7 +11,7 @@ namespace corvane {
 // The French locale (France), for widgets and charts that format by themselves.
 const QLocale& localeFrancaise();
 
-// "1 234,56 €", "-12,50 €" as Qt writes it.
+// "1 234,56 €", "-12,50 €" (never the accountants' "(12,50 €)"); no sign on an amount that shows as zero.
 QString enEuros(double montant);
 // "14,4", "1 234": as few digits as the value needs.
 QString enNombre(double valeur);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "store/Intermittent.h"
-#include "unemployment/ParametresIntermittent.h"
+#include "unemployment/ParametresPoleEmploi.h"
 
 #include <QDate>
 #include <QString>
@@ -20,16 +20,15 @@ using TableauHeures = std::array<int, 10>;
 // contracts, and the calendar helpers. The end of the current period and its stretch are
 // the data-access base's (retrouveDateFinDePeriodeEnCours, allongementPRA).
 //
+// It carries the defaults of the rights computations (ParametresPoleEmploi).
+//
 // Built on a path (the connection lives as long as the object) or on an open document's
 // connection; the path-taking twins of FunctionsDroits.h build one and return its answer.
-class ComptageHeures : public Intermittent
+class ComptageHeures : public Intermittent, public ParametresPoleEmploi
 {
 public:
     explicit ComptageHeures(const QString& chemin = QString());
     explicit ComptageHeures(BaseDeDonnees& connexion) : Intermittent(connexion) {}
-
-    // Hours credited per unit of sickness-type incidence (ss_incidence_heures).
-    quint32 assimilationTravailSecuriteSociale = ParametresIntermittent().assimilationTravailSecuriteSociale;
 
     // The contract conditions of the unemployment screen's choice, by index: every contract,
     // the carried-out ones, the planned ones.

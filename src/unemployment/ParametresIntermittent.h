@@ -25,7 +25,6 @@ public:
     quint32 assimilationTravailSecuriteSociale = 5;
     quint32 ageMaxi = 60;                      // age limit, in years
     quint32 fondTransitoire = 365;             // days of the transitional fund
-    quint32 allongementPeriodeDeReference = 0; // days added to the reference period by the hours counting
     QString numeroTelephonePoleEmploi = QStringLiteral("3949");
 
     // The kinds of sickness-type benefit. Unlike the data-access list, the computations
