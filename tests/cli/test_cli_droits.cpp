@@ -1,5 +1,5 @@
-// The unemployment-rights commands, in-process: periode-reference, heures, jours-indemnises
-// and versement-are, their JSON, and what they refuse (bad usage, exit 2, the document
+// The unemployment-rights commands, in-process: periode-reference, heures, simulation,
+// jours-indemnises and versement-are, their JSON, and what they refuse (bad usage, exit 2, the document
 // left byte-identical).
 
 #include "cli/Cli.h"
@@ -128,6 +128,45 @@ private slots:
         QCOMPARE(r.code, 0);
         QCOMPARE(entiers(lireJson(r).value("heures").toArray()), heures);
         QCOMPARE(lireJson(r).value("heuresParJour").toInt(), heuresParJour);
+    }
+
+    // The JSON of the rights simulation; the computations themselves are the engine's tests.
+    void simulation_data()
+    {
+        QTest::addColumn<QDate>("jour"); // the one contract, 600 h for 10 000 € over 60 days
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QJsonObject>("attendu"); // the keys checked; null ones must be null
+        QTest::newRow("2016 rules")
+            << QDate(2024, 4, 2) << QStringList{}
+            << QJsonObject{{"simulee", true}, {"protocole", "08_2016"}, {"heuresRequises", 507}, {"heures", 600},
+                           {"aj", 54.18},     {"ajNette", 49.06},       {"csgCrds", 3.57},      {"sjr", 166.67},
+                           {"differe", 0},    {"franchiseCongesPayes", 7}};
+        QTest::newRow("2007 rules: the 2016 figures are null")
+            << QDate(2016, 4, 4) << QStringList{}
+            << QJsonObject{{"protocole", "04_2007"}, {"salaireRetenu", 10000}, {"aj", QJsonValue::Null},
+                           {"franchiseParMois", QJsonValue::Null}, {"allocations", QJsonArray{}}};
+        QTest::newRow("before 2007-04-01: nothing simulated, every key null")
+            << QDate(2007, 3, 30) << QStringList{}
+            << QJsonObject{{"simulee", false}, {"protocole", QJsonValue::Null}, {"rapport", QJsonValue::Null},
+                           {"periode", QJsonValue::Null}};
+        QTest::newRow("planned contracts only") << QDate(2024, 4, 2) << QStringList{"--contrats", "planifies"}
+                                                << QJsonObject{{"simulee", false}};
+    }
+    void simulation()
+    {
+        QFETCH(QDate, jour);
+        QFETCH(QStringList, options);
+        QFETCH(QJsonObject, attendu);
+        const QString chemin =
+            document({{ContratHeures(1, 1, 600, jour).paye(10000, 60)}, {}, 1, QDate(2024, 3, 1)});
+        const QString du = jour.addDays(-200).toString(Qt::ISODate);
+        const QString au = jour.addDays(100).toString(Qt::ISODate);
+        const ResultatCli r = lancer(QStringList{"simulation", chemin, "--du", du, "--au", au} + options);
+        QCOMPARE(r.code, 0);
+        const QJsonObject obtenu = lireJson(r);
+        QCOMPARE(obtenu.size(), 21);
+        for (auto it = attendu.begin(); it != attendu.end(); ++it)
+            QVERIFY2(obtenu.value(it.key()) == it.value(), qPrintable(it.key()));
     }
 
     void joursIndemnises_data()
@@ -292,6 +331,8 @@ private slots:
         QTest::newRow("unknown contract choice")
             << QStringList{"heures", "%1", "--du", "2024-03-01", "--au", "2024-12-31", "--contrats", "payes"} << 2
             << "choix de contrats inconnu";
+        QTest::newRow("simulation without its span")
+            << QStringList{"simulation", "%1", "--du", "2024-03-01"} << 2 << "l'option --au est obligatoire";
         QTest::newRow("month 13") << QStringList{"jours-indemnises", "%1", "--mois", "13", "--annee", "2024"} << 2
                                   << "entre 1 et 12";
         QTest::newRow("year 2101") << QStringList{"jours-indemnises", "%1", "--mois", "2", "--annee", "2101"} << 2

@@ -26,15 +26,30 @@ struct ContratHeures
     bool conventionne; // at an approved employer
     int effectue;
     QDate fin;
+    double brut = 0;
+    int abattementId = 1; // 1: none, 2: 20 %, 3: 25 %
+    int jours = 1;
+    ContratHeures& paye(double montant, int nombreJours, int abattement = 1)
+    {
+        brut = montant;
+        jours = nombreJours;
+        abattementId = abattement;
+        return *this;
+    }
 };
 using ContratsHeures = QList<ContratHeures>;
 
-// Sickness-type leave: its start, its incidence in hours and in days of the period.
+// Sickness-type leave: its start, its incidence in hours and in days of the period; then,
+// for the simulation, its kind, end, long-illness flag and daily allowances.
 struct Arret
 {
     QDate debut;
     int incidenceHeures = 0;
     int incidencePeriode = 0;
+    int type = 2;
+    QDate fin = {};
+    bool ald = false;
+    double totalIJ = 0;
 };
 using Arrets = QList<Arret>;
 
@@ -70,15 +85,16 @@ inline QString documentDroits(const QTemporaryDir& dossier, const QString& nom, 
     for (const ContratHeures& c : d.contrats)
         base.executer("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_type, c_nbre_heures, c_debut_contrat, "
                       "c_fin_contrat, c_effectue, c_nbre_jours, c_salaire_brut, c_salaire_net, c_abattement, "
-                      "c_liste_dates, c_paye, c_note, c_fonction, c_conges) VALUES (?, ?, ?, ?, ?, ?, ?, 1, 0, 0, 1, "
+                      "c_liste_dates, c_paye, c_note, c_fonction, c_conges) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, "
                       "'', 0, '', '', 0);",
                       {c.conventionne ? conventionne : nonConventionne, c.emploi, c.type, c.heures, jourSQLite(c.debut),
-                       jourSQLite(c.fin), c.effectue});
+                       jourSQLite(c.fin), c.effectue, c.jours, c.brut, c.abattementId});
     for (const Arret& a : d.arrets)
         base.executer("INSERT INTO securitesociale (ss_debut, ss_fin, ss_type_id, ss_note, ss_rembourse, "
-                      "ss_nbre_jours, ss_nbre_jours_suspendus, ss_incidence_heures, ss_incidence_periode) VALUES (?, "
-                      "?, 2, '', 0, 0, 0, ?, ?);",
-                      {jourSQLite(a.debut), jourSQLite(a.debut), a.incidenceHeures, a.incidencePeriode});
+                      "ss_nbre_jours, ss_nbre_jours_suspendus, ss_incidence_heures, ss_incidence_periode, ss_ald, "
+                      "ss_total_ij) VALUES (?, ?, ?, '', 0, 0, 0, ?, ?, ?, ?);",
+                      {jourSQLite(a.debut), jourSQLite(a.fin.isValid() ? a.fin : a.debut), a.type, a.incidenceHeures,
+                       a.incidencePeriode, int(a.ald), a.totalIJ});
     return chemin;
 }
 
