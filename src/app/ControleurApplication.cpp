@@ -12,6 +12,7 @@
 #include "app/periodes/FenetrePeriodes.h"
 #include "app/profil/FenetreProfil.h"
 
+#include "regimes/TableauDeBord.h"
 #include "store/Dialogues.h"
 #include "store/Document.h"
 #include "store/Fichiers.h"
@@ -331,8 +332,10 @@ void ControleurApplication::didOpenFile(const QString& chemin)
     m_verrouille = Verrou::isFileLocked(chemin);
     m_fenetre.setBoutonVerrou(m_verrouille);
     m_fenetre.setVerrouille(m_verrouille);
-    if (!m_verrouille)
+    if (!m_verrouille) {
+        TableauDeBord_v4(m_documentOuvert->base()).proposeAnneeBlanche(m_dialogues);
         afficherSection(Section(m_reglages.entier(Cle::LastTabUsed)));
+    }
     majSectionFichiers();
     majAlertes();
 }

@@ -21,6 +21,7 @@ Commandes toutesLesCommandes()
     liste.push_back(commandePeriodeReference());
     liste.push_back(commandeHeures());
     liste.push_back(commandeSimulation());
+    liste.push_back(commandeTableauDeBord());
     liste.push_back(commandeJoursIndemnises());
     liste.push_back(commandeVersementAre());
     liste.push_back(commandeMaladie());

@@ -21,6 +21,7 @@ std::unique_ptr<Commande> commandePdf();
 std::unique_ptr<Commande> commandePeriodeReference();
 std::unique_ptr<Commande> commandeHeures();
 std::unique_ptr<Commande> commandeSimulation();
+std::unique_ptr<Commande> commandeTableauDeBord();
 std::unique_ptr<Commande> commandeJoursIndemnises();
 std::unique_ptr<Commande> commandeVersementAre();
 std::unique_ptr<Commande> commandeMaladie();

@@ -3,6 +3,7 @@
 #include "store/Dates.h"
 #include "store/Horloge.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace corvane {
@@ -46,6 +47,18 @@ int ActualisationMensuelle::nombreJoursIndemnisesDansLeMois(int mois, int annee)
     const int avantOuverture = ouvertureDansLeMois ? ouverture.day() - 1 : 0;
     const int apresAujourdhui = aujourdhuiDansLeMois ? joursDuMois - aujourdhui.day() : 0;
     return joursDuMois - avantOuverture - apresAujourdhui - joursNonCompensesPourTravail(profession, heures);
+}
+
+int ActualisationMensuelle::nombreJoursIndemnisesDepuisLOuverture()
+{
+    const QDate ouverture = retrouveDateOuvertureDroits().date();
+    const QDate aujourdhui = Horloge::aujourdhui();
+    if (!ouverture.isValid() || ouverture > aujourdhui)
+        return 0;
+    int jours = 0;
+    for (QDate mois(ouverture.year(), ouverture.month(), 1); mois <= aujourdhui; mois = mois.addMonths(1))
+        jours += std::max(0, nombreJoursIndemnisesDansLeMois(mois.month(), mois.year()));
+    return jours;
 }
 
 int ActualisationMensuelle::retrouveCongesPeriodeEnCoursWithId(int id)

@@ -18,6 +18,9 @@ public:
     // Days offset by H hours of work under the 2016 rules: floor(H ÷ 10 × 1.3) for "Artiste",
     // floor(H ÷ 8 × 1.4) for "Ouvrier" and "Technicien", 0 for any other profession.
     static int joursNonCompensesPourTravail(const QString& profession, int heures);
+    // The days paid from the opening of rights to today: each month's days, a month that
+    // work fully offsets counting none. 0 before the opening.
+    int nombreJoursIndemnisesDepuisLOuverture();
 
     int retrouveCongesPeriodeEnCoursWithId(int id);
     int retrouveFranchiseSalairesPeriodeEnCoursWithId(int id);

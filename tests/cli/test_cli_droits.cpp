@@ -1,5 +1,5 @@
 // The unemployment-rights commands, in-process: periode-reference, heures, simulation,
-// jours-indemnises and versement-are, their JSON, and what they refuse (bad usage, exit 2, the document
+// jours-indemnises, versement-are, the dashboard and the "année blanche" of ouvrir, their JSON, and what they refuse (bad usage, exit 2, the document
 // left byte-identical).
 
 #include "cli/Cli.h"
@@ -169,6 +169,39 @@ private slots:
             QVERIFY2(obtenu.value(it.key()) == it.value(), qPrintable(it.key()));
     }
 
+    // Asked at each opening until answered "oui"; left unanswered, nothing is written.
+    void anneeBlanche()
+    {
+        const QString chemin = document({{}, {}, 1, QDate(2020, 7, 1), QDate(2020, 7, 1), QDate(2021, 6, 30)});
+        const auto fin = [&] { return lireJson(lancer({"periode-reference", chemin})).value("fin").toString(); };
+        const auto ouvrir = [&](const QStringList& reponse) {
+            const ResultatCli r =
+                executerCli(QStringList{"--aujourdhui", "2021-01-10", "--json", "ouvrir", chemin} + reponse);
+            return r.code == 0 ? lireJson(r).value("anneeBlanche") : QJsonValue(r.erreurs);
+        };
+        QCOMPARE(ouvrir({}), QJsonValue("proposee"));
+        QCOMPARE(ouvrir({"--annee-blanche", "non"}), QJsonValue("refusee"));
+        QCOMPARE(fin(), QStringLiteral("2021-06-30"));
+        QCOMPARE(ouvrir({"--annee-blanche", "oui"}), QJsonValue("acceptee"));
+        QCOMPARE(fin(), QStringLiteral("2021-08-31"));
+        QCOMPARE(ouvrir({"--annee-blanche", "oui"}), QJsonValue(QJsonValue::Null));
+        QVERIFY(ouvrir({"--annee-blanche", "peut-etre"}).toString().contains("--annee-blanche attend oui ou non"));
+    }
+
+    void tableauDeBord()
+    {
+        const QString chemin = document({{ContratHeures(1, 1, 12, QDate(2024, 4, 2)).paye(250, 2)}});
+        const QJsonObject tdb = lireJson(lancer({"tableau-de-bord", chemin, "--sens", "DESC"}));
+        QCOMPARE(tdb.value("statistiques").toArray().size(), 2);
+        QCOMPARE(tdb.value("statistiques").toArray().at(1).toObject().value("Heures").toDouble(), 12.0);
+        QCOMPARE(tdb.value("jauge").toObject().value("etat").toString(),
+                 QStringLiteral("495 heures à réaliser avant le réexamen des droits"));
+        QCOMPARE(tdb.value("droits").toObject().value("ouverture").toString(), QStringLiteral("2024-03-01"));
+        QCOMPARE(tdb.value("periodeReference").toObject().value("allongement"), QJsonValue(QJsonValue::Null));
+        QCOMPARE(tdb.value("contrats").toArray().last().toObject().value("Date Debut").toString(),
+                 QStringLiteral("Totaux"));
+    }
+
     void joursIndemnises_data()
     {
         QTest::addColumn<int>("emploiId");
@@ -333,6 +366,8 @@ private slots:
             << "choix de contrats inconnu";
         QTest::newRow("simulation without its span")
             << QStringList{"simulation", "%1", "--du", "2024-03-01"} << 2 << "l'option --au est obligatoire";
+        QTest::newRow("dashboard sorted sideways")
+            << QStringList{"tableau-de-bord", "%1", "--sens", "HAUT"} << 2 << "--sens attend ASC ou DESC";
         QTest::newRow("month 13") << QStringList{"jours-indemnises", "%1", "--mois", "13", "--annee", "2024"} << 2
                                   << "entre 1 et 12";
         QTest::newRow("year 2101") << QStringList{"jours-indemnises", "%1", "--mois", "2", "--annee", "2101"} << 2
