@@ -29,6 +29,7 @@ struct ContratHeures
     double brut = 0;
     int abattementId = 1; // 1: none, 2: 20 %, 3: 25 %
     int jours = 1;
+    int conges = 0; // subject to the paid-leave fund
     ContratHeures& paye(double montant, int nombreJours, int abattement = 1)
     {
         brut = montant;
@@ -86,9 +87,9 @@ inline QString documentDroits(const QTemporaryDir& dossier, const QString& nom, 
         base.executer("INSERT INTO contrats (c_employeur_id, c_emploi_id, c_type, c_nbre_heures, c_debut_contrat, "
                       "c_fin_contrat, c_effectue, c_nbre_jours, c_salaire_brut, c_salaire_net, c_abattement, "
                       "c_liste_dates, c_paye, c_note, c_fonction, c_conges) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, "
-                      "'', 0, '', '', 0);",
+                      "'', 0, '', '', ?);",
                       {c.conventionne ? conventionne : nonConventionne, c.emploi, c.type, c.heures, jourSQLite(c.debut),
-                       jourSQLite(c.fin), c.effectue, c.jours, c.brut, c.abattementId});
+                       jourSQLite(c.fin), c.effectue, c.jours, c.brut, c.abattementId, c.conges});
     for (const Arret& a : d.arrets)
         base.executer("INSERT INTO securitesociale (ss_debut, ss_fin, ss_type_id, ss_note, ss_rembourse, "
                       "ss_nbre_jours, ss_nbre_jours_suspendus, ss_incidence_heures, ss_incidence_periode, ss_ald, "
