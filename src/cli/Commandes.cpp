@@ -27,6 +27,8 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeMaladie());
     liste.push_back(commandeConges());
     liste.push_back(commandeVersementConges());
+    liste.push_back(commandeFiscalite());
+    liste.push_back(commandeVersementImpots());
     return liste;
 }
 

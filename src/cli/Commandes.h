@@ -24,6 +24,8 @@ std::unique_ptr<Commande> commandeSimulation();
 std::unique_ptr<Commande> commandeTableauDeBord();
 std::unique_ptr<Commande> commandeConges();
 std::unique_ptr<Commande> commandeVersementConges();
+std::unique_ptr<Commande> commandeFiscalite();
+std::unique_ptr<Commande> commandeVersementImpots();
 std::unique_ptr<Commande> commandeJoursIndemnises();
 std::unique_ptr<Commande> commandeVersementAre();
 std::unique_ptr<Commande> commandeMaladie();

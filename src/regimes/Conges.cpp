@@ -3,9 +3,6 @@
 #include "store/Dates.h"
 #include "store/FormatFrancais.h"
 #include "store/Horloge.h"
-#include "unemployment/PoleEmploiVersements.h"
-
-#include <sqlite3.h>
 
 #include <cmath>
 
@@ -79,68 +76,6 @@ Conges::Resultat Conges::congesSpectacles(const QString& type, const QDate& du, 
                 {QStringLiteral("Indemnité brute"), enEuros(r.indemniteBrute)},
                 {QStringLiteral("Indemnité nette estimée"), enEuros(r.indemniteNette)}};
     return r;
-}
-
-const QStringList& CongesVersements::clesListe()
-{
-    static const QStringList cles{"Id", "Date", "Date SQLite", "Montant", "Encaissé"};
-    return cles;
-}
-
-int CongesVersements::enregistreCongesVersements(const QDate& date, double montant, bool encaisse)
-{
-    if (!PoleEmploiVersements::refusValeurs(date, montant).isEmpty())
-        return 0;
-    const int code = m_db.executer(QStringLiteral("INSERT INTO congeshistorique (ch_date, ch_montant, ch_encaisse) "
-                                                  "VALUES ('%1', %2, %3);")
-                                       .arg(Dates::versSQLite(date), QString::number(montant, 'f', 2))
-                                       .arg(int(encaisse)));
-    return code == SQLITE_DONE ? int(m_db.dernierIdInsere()) : 0;
-}
-
-bool CongesVersements::modifieCongesVersements(int id, const QDate& date, double montant, bool encaisse)
-{
-    if (!PoleEmploiVersements::refusValeurs(date, montant).isEmpty())
-        return false;
-    return m_db.executer(QStringLiteral("UPDATE congeshistorique SET ch_date='%1', ch_montant=%2, ch_encaisse=%3 WHERE "
-                                        "ch_id=%4;")
-                             .arg(Dates::versSQLite(date), QString::number(montant, 'f', 2))
-                             .arg(int(encaisse))
-                             .arg(uint(id))) == SQLITE_DONE;
-}
-
-bool CongesVersements::supprimeCongesVersements(int id)
-{
-    return m_db.executer(QStringLiteral("DELETE FROM congeshistorique WHERE ch_id='%1';").arg(uint(id))) ==
-           SQLITE_DONE;
-}
-
-bool CongesVersements::enregistreLesCochesPourId(int id, bool encaisse)
-{
-    return m_db.executer(QStringLiteral("UPDATE congeshistorique SET ch_encaisse=%1 WHERE ch_id=%2;")
-                             .arg(int(encaisse))
-                             .arg(uint(id))) == SQLITE_DONE;
-}
-
-bool CongesVersements::versementExiste(int id)
-{
-    return m_db.entier(QStringLiteral("SELECT COUNT(*) FROM congeshistorique WHERE ch_id = ?;"), {id}) > 0;
-}
-
-Table CongesVersements::listeLesVersements(const QString& sens)
-{
-    Table table{clesListe(), {}};
-    if (m_db.entier(QStringLiteral("SELECT COUNT(*) FROM congeshistorique;")) == 0)
-        return table;
-    Requete r(m_db, QStringLiteral("SELECT ch_id, ch_date, ch_montant, ch_encaisse FROM congeshistorique ORDER BY %1;")
-                        .arg(sens == QStringLiteral("DESC") ? QStringLiteral("ch_date DESC")
-                                                            : QStringLiteral("ch_date ASC")));
-    while (r.suivante()) {
-        const QString stockee = r.texte(1);
-        table.rangees.append({int(r.entier(0)), Dates::versAffichage(Dates::depuisSQLite(stockee)), stockee,
-                              r.reel(2), int(r.entier(3))});
-    }
-    return table;
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "regimes/HistoriqueVersements.h"
 #include "store/Intermittent.h"
 
 #include <QDate>
@@ -47,24 +48,19 @@ public:
     Resultat congesSpectacles(const QString& type, const QDate& du = {}, const QDate& au = {});
 };
 
-// The payments the fund made (table `congeshistorique`), with their cashed tick.
-class CongesVersements : public Intermittent
+// The payments the fund made (table `congeshistorique`), with their cashed tick ("Encaissé").
+class CongesVersements : public HistoriqueVersements
 {
 public:
-    explicit CongesVersements(const QString& chemin = QString()) : Intermittent(chemin) {}
-    explicit CongesVersements(BaseDeDonnees& connexion) : Intermittent(connexion) {}
+    explicit CongesVersements(const QString& chemin = QString()) : HistoriqueVersements(chemin, description()) {}
+    explicit CongesVersements(BaseDeDonnees& connexion) : HistoriqueVersements(connexion, description()) {}
 
-    // "Id", "Date", "Date SQLite", "Montant", "Encaissé".
-    static const QStringList& clesListe();
-
-    // The key, or 0 on refusal (date or amount out of bounds) or failure.
-    int enregistreCongesVersements(const QDate& date, double montant, bool encaisse);
-    bool modifieCongesVersements(int id, const QDate& date, double montant, bool encaisse);
-    bool supprimeCongesVersements(int id);
-    bool enregistreLesCochesPourId(int id, bool encaisse);
-    bool versementExiste(int id);
-    // By date, "ASC" or "DESC" (any other value: "ASC").
-    Table listeLesVersements(const QString& sens);
+private:
+    static Description description()
+    {
+        return {QStringLiteral("congeshistorique"), QStringLiteral("ch_"), QStringLiteral("encaisse"),
+                QStringLiteral("Encaissé")};
+    }
 };
 
 } // namespace corvane

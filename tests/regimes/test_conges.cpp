@@ -103,20 +103,20 @@ private slots:
     void versements()
     {
         CongesVersements v(documentDroits(m_dossier, "versements.cv4", {}));
-        QCOMPARE(v.listeLesVersements("ASC").size(), 0);
-        const int premier = v.enregistreCongesVersements(QDate(2024, 7, 1), 1234.567, false);
-        const int second = v.enregistreCongesVersements(QDate(2024, 5, 1), 10, true);
+        QCOMPARE(v.liste("ASC").size(), 0);
+        const int premier = v.enregistre(QDate(2024, 7, 1), 1234.567, false);
+        const int second = v.enregistre(QDate(2024, 5, 1), 10, true);
         QVERIFY(premier > 0 && second > 0);
-        QCOMPARE(v.enregistreCongesVersements(QDate(2024, 5, 1), -1, true), 0);
-        QVERIFY(v.enregistreLesCochesPourId(premier, true));
-        Table t = v.listeLesVersements("DESC");
+        QCOMPARE(v.enregistre(QDate(2024, 5, 1), -1, true), 0);
+        QVERIFY(v.coche(premier, true));
+        Table t = v.liste("DESC");
         QCOMPARE(t.valeur(0, "Id").toInt(), premier);
         QCOMPARE(t.valeur(0, "Montant").toDouble(), 1234.57);
         QCOMPARE(t.valeur(0, "Encaissé").toInt(), 1);
-        QCOMPARE(v.listeLesVersements("n'importe").valeur(0, "Id").toInt(), second);
-        QVERIFY(v.modifieCongesVersements(second, QDate(2024, 8, 1), 20, false));
-        QVERIFY(v.supprimeCongesVersements(premier));
-        t = v.listeLesVersements("ASC");
+        QCOMPARE(v.liste("n'importe").valeur(0, "Id").toInt(), second);
+        QVERIFY(v.modifie(second, QDate(2024, 8, 1), 20, false));
+        QVERIFY(v.supprime(premier));
+        t = v.liste("ASC");
         QCOMPARE(t.size(), 1);
         QCOMPARE(t.valeur(0, "Date").toString(), QStringLiteral("01/08/2024"));
     }
