@@ -116,6 +116,8 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("actionPreferences")},
             {dossier.filePath(QStringLiteral("formulaire-contrat.png")), Section::Contrats,
              QStringLiteral("boutonNouveauContrat")},
+            {dossier.filePath(QStringLiteral("formulaire-securite-sociale.png")), Section::SecuriteSociale,
+             QStringLiteral("boutonNouveauSS")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

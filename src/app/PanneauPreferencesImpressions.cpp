@@ -23,6 +23,9 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
          {{Cle::EmployeursImpressionsListe, QStringLiteral("Liste des employeurs")},
           {Cle::EmployeursImpressionsCumuls, QStringLiteral("Cumuls par employeur")}}},
         {QStringLiteral("Contrats"), {{Cle::ContratsImpressionsListe, QStringLiteral("Liste des contrats")}}},
+        {QStringLiteral("Sécurité Sociale"),
+         {{Cle::SecuriteSocialeImpressionsVerificationDroits, QStringLiteral("Vérification des droits")},
+          {Cle::SecuriteSocialeImpressionsListePeriodes, QStringLiteral("Liste de toutes les périodes")}}},
     };
     return liste;
 }

@@ -6,9 +6,11 @@
 
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
+#include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Contrats.h"
 #include "store/Fichiers.h"
+#include "store/Functions.h"
 #include "store/Horloge.h"
 
 #include <QDir>
@@ -21,7 +23,8 @@ namespace {
 
 const QStringList& rapports()
 {
-    static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats")};
+    static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats"),
+                                   QStringLiteral("securite-sociale")};
     return liste;
 }
 
@@ -36,8 +39,9 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
         {"administratives", &ChoixImpressions::administratives},
         {"auto-entrepreneur", &ChoixImpressions::autoEntrepreneur},
         {"rib", &ChoixImpressions::rib},
-        {"liste", nullptr}, // the employers' or the contracts' list
+        {"liste", nullptr}, // the employers', the contracts' or the social-security periods' list
         {"cumuls", &ChoixImpressions::cumulsEmployeurs},
+        {"droits", &ChoixImpressions::verificationDroits},
     };
     return liste;
 }
@@ -49,15 +53,15 @@ public:
     bool metEnPage() const override { return true; }
     QString usage() const override
     {
-        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats --sortie CHEMIN.pdf "
-                              "[--sans PARTIE,…] [options de contrat lister]");
+        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale --sortie CHEMIN.pdf "
+                              "[--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
     {
         Arguments arguments;
         int code = Succes;
-        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}};
+        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}};
         options << optionsFiltreContrats();
         if (!analyser(contexte, arguments, liste, options, 1, &code))
             return code;
@@ -82,7 +86,7 @@ public:
             if (trouvee->second)
                 choix.*(trouvee->second) = false;
             else
-                choix.listeEmployeurs = choix.listeContrats = false;
+                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = false;
         }
         const bool filtre = std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(),
                                         [&](const OptionAttendue& o) { return arguments.contient(o.nom); });
@@ -91,6 +95,13 @@ public:
                                 QStringLiteral("les options de filtre ne valent que pour --rapport contrats"));
         if (const ErreurFiltre e = verifierFiltreContrats(arguments); e.code != Succes)
             return e.code == MauvaisUsage ? mauvaisUsage(contexte, e.message) : echec(contexte, e.message);
+        const bool securiteSociale = rapport == QStringLiteral("securite-sociale");
+        if (arguments.contient("date") && !securiteSociale)
+            return mauvaisUsage(contexte,
+                                QStringLiteral("l'option --date ne vaut que pour --rapport securite-sociale"));
+        const std::optional<QDate> verification = arguments.date("date");
+        if (arguments.enErreur())
+            return mauvaisUsage(contexte, arguments.erreur());
 
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         const QString sortie = QFileInfo(arguments.valeur("sortie")).absoluteFilePath();
@@ -108,6 +119,14 @@ public:
         } else if (rapport == QStringLiteral("employeurs")) {
             nomPropose = nomRapportEmployeurs();
             lu = composerRapportEmployeurs(compose, chemin, choix);
+        } else if (securiteSociale) {
+            // The rights are checked on the day given, else on the day the screen shows.
+            nomPropose = nomRapportSecuriteSociale(Horloge::aujourdhui());
+            QDate jour = verification.value_or(QDate());
+            if (!jour.isValid())
+                jour = Functions::retrouveDatePrefereeFromFile(QStringLiteral("securite_sociale_verification"), chemin)
+                           .date();
+            lu = composerRapportSecuriteSociale(compose, chemin, choix, jour.isValid() ? jour : Horloge::aujourdhui());
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);

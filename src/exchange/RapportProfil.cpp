@@ -146,6 +146,8 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
     c.listeEmployeurs = reglages.booleen(Cle::EmployeursImpressionsListe);
     c.cumulsEmployeurs = reglages.booleen(Cle::EmployeursImpressionsCumuls);
     c.listeContrats = reglages.booleen(Cle::ContratsImpressionsListe);
+    c.verificationDroits = reglages.booleen(Cle::SecuriteSocialeImpressionsVerificationDroits);
+    c.listePeriodes = reglages.booleen(Cle::SecuriteSocialeImpressionsListePeriodes);
     return c;
 }
 

@@ -26,6 +26,9 @@ struct ChoixImpressions
     bool cumulsEmployeurs = true;
     // The contracts' report.
     bool listeContrats = true;
+    // The social-security report.
+    bool verificationDroits = true;
+    bool listePeriodes = true;
 
     static ChoixImpressions depuis(const Reglages& reglages);
 };

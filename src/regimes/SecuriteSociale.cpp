@@ -8,6 +8,9 @@
 
 #include <sqlite3.h>
 
+#include <QHash>
+
+#include <algorithm>
 #include <cmath>
 
 namespace corvane {
@@ -315,11 +318,16 @@ Table SecuriteSociale::listeLesPeriodesV4(const QString& tri, int typeId, const 
                                    "ss_nbre_jours_suspendus, ss_total_ij, ss_ald, ss_rembourse_mutuelle FROM "
                                    "securitesociale %1%2;")
                         .arg(filtre, ordre));
+    // The kinds' labels read once, not once a row.
+    QHash<int, QString> libelles;
     while (r.suivante()) {
         const int type = int(r.entier(3));
-        table.rangees.append({int(r.entier(0)), r.texte(1), r.texte(2), retrouveSecuriteSocialeTypeDepuisId(type),
-                              int(r.entier(6)), r.reel(7), oui(r.entier(8) != 0), oui(r.entier(9) != 0),
-                              codeDuType(type), oui(r.entier(5) != 0), r.texte(4)});
+        auto libelle = libelles.find(type);
+        if (libelle == libelles.end())
+            libelle = libelles.insert(type, retrouveSecuriteSocialeTypeDepuisId(type));
+        table.rangees.append({int(r.entier(0)), r.texte(1), r.texte(2), *libelle, int(r.entier(6)), r.reel(7),
+                              oui(r.entier(8) != 0), oui(r.entier(9) != 0), codeDuType(type), oui(r.entier(5) != 0),
+                              r.texte(4)});
     }
     return table;
 }
@@ -341,29 +349,43 @@ Table SecuriteSociale::verifieLesDroits(const QDate& d)
         jourSmic = retrouveDateOuvertureDroits().date();
     const double smic = ParametresIntermittent::smicHoraireEnCours(jourSmic);
 
-    auto sommes = [&](const QDate& depuis) {
-        Sommes s;
-        Requete r(m_db, QStringLiteral("SELECT SUM(c_nbre_heures), SUM(c_salaire_brut) FROM contrats WHERE "
-                                       "(c_debut_contrat BETWEEN '%1' AND '%2') AND (c_effectue=1);")
-                            .arg(jour(depuis), jour(d)));
-        if (r.suivante()) {
-            s.heures = r.reel(0);
-            s.bruts = r.reel(1);
-        }
-        return s;
-    };
     // Gross pay cut to whole euros, in cents.
     auto entiers = [](double bruts) { return qint64(std::floor(bruts + 1e-9)) * 100; };
     auto seuil = [&](double fois) { return enCentimes(fois * smic); };
 
+    // Every span ends on D; their hours and gross pay are summed in one pass over the carried-out
+    // contracts of the widest span, each sum adding the same rows in the same order as a query of
+    // its own would.
     const int annee = Horloge::aujourdhui().year();
-    const Sommes mois = sommes(QDate(d.year(), d.month(), 1));
-    const Sommes dernierMois = sommes(d.addMonths(-1).addDays(1));
-    const double h365 = sommes(d.addDays(-365)).heures;
-    const double g12 = sommes(d.addMonths(-12).addDays(1)).bruts;
-    const Sommes depuisJanvier = sommes(QDate(annee, 1, 1));
-    const double hTrimestre = sommes(QDate(annee, (d.month() - 1) / 3 * 3 + 1, 1)).heures;
-    const double h3 = sommes(d.addMonths(-3).addDays(1)).heures;
+    const QList<QDate> debuts{
+        QDate(d.year(), d.month(), 1),                // the month to date
+        d.addMonths(-1).addDays(1),                   // the last month
+        d.addDays(-365),                              // 365 days
+        d.addMonths(-12).addDays(1),                  // twelve months
+        QDate(annee, 1, 1),                           // the year to date
+        QDate(annee, (d.month() - 1) / 3 * 3 + 1, 1), // the quarter
+        d.addMonths(-3).addDays(1),                   // three months
+    };
+    QStringList colonnes;
+    for (const QDate& debut : debuts)
+        for (const char* colonne : {"c_nbre_heures", "c_salaire_brut"})
+            colonnes << QStringLiteral("SUM(CASE WHEN c_debut_contrat BETWEEN '%1' AND '%2' THEN %3 END)")
+                            .arg(jour(debut), jour(d), QLatin1String(colonne));
+    QList<Sommes> sommes(debuts.size());
+    const QDate premier = *std::min_element(debuts.cbegin(), debuts.cend());
+    Requete r(m_db, QStringLiteral("SELECT %1 FROM contrats WHERE (c_effectue=1) AND (c_debut_contrat BETWEEN '%2' "
+                                   "AND '%3');")
+                        .arg(colonnes.join(", "), jour(premier), jour(d)));
+    if (r.suivante())
+        for (int i = 0; i < debuts.size(); ++i)
+            sommes[i] = {r.reel(2 * i), r.reel(2 * i + 1)};
+    const Sommes mois = sommes[0];
+    const Sommes dernierMois = sommes[1];
+    const double h365 = sommes[2].heures;
+    const double g12 = sommes[3].bruts;
+    const Sommes depuisJanvier = sommes[4];
+    const double hTrimestre = sommes[5].heures;
+    const double h3 = sommes[6].heures;
 
     const qint64 gm = entiers(mois.bruts), g1 = entiers(dernierMois.bruts), gy = entiers(depuisJanvier.bruts);
     const qint64 g12Entiers = entiers(g12);

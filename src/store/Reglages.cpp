@@ -66,6 +66,14 @@ const QList<Definition>& definitions()
         {C::EmployeursColonnes, "Employeurs_Colonnes", QByteArray()}, // header states of the lists
         {C::ContratsModelesColonnes, "ContratsModeles_Colonnes", QByteArray()},
         {C::PeriodesColonnes, "Periodes_Colonnes", QByteArray()},
+        {C::SecuriteSocialeImpressionsVerificationDroits, "SecuriteSociale_ImpressionsVerificationDroits", true},
+        {C::SecuriteSocialeImpressionsListePeriodes, "SecuriteSociale_ImpressionsListePeriodes", true},
+        // The social-security list: newest first, its span filter's item, its kind filter (on, kind id).
+        {C::SecuriteSocialeSens, "gridSsSortOrder", QStringLiteral("DESC")},
+        {C::SecuriteSocialeDatesTri, "SS_DatesTri", 0},
+        {C::SecuriteSocialeTypeTrie, "SS_Type_Sorted_IsSorted", false},
+        {C::SecuriteSocialeTypeIndex, "SS_Type_Sorted_Index", 0},
+        {C::SecuriteSocialeColonnes, "SecuriteSociale_Colonnes", QByteArray()},
     };
     return table;
 }

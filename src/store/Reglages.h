@@ -63,6 +63,13 @@ public:
         EmployeursColonnes,
         ContratsModelesColonnes,
         PeriodesColonnes,
+        SecuriteSocialeImpressionsVerificationDroits,
+        SecuriteSocialeImpressionsListePeriodes,
+        SecuriteSocialeSens,
+        SecuriteSocialeDatesTri,
+        SecuriteSocialeTypeTrie,
+        SecuriteSocialeTypeIndex,
+        SecuriteSocialeColonnes,
     };
 
     // The user's own settings store.

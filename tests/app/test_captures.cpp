@@ -84,9 +84,10 @@ private slots:
         QStringList attendus{QStringLiteral("fenetre-principale.png")};
         for (const DescriptionSection& d : sectionsNavigation())
             attendus << QStringLiteral("section-%1.png").arg(app::nomDeFichierSection(d.titre));
-        // The windows opened from the menus, and the contract form.
+        // The windows opened from the menus, and the contract and social-security forms.
         const QStringList fenetres{"profil.png", "periodes.png", "modeles-contrat.png", "preferences.png"};
-        attendus << fenetres << QStringLiteral("formulaire-contrat.png");
+        attendus << fenetres << QStringLiteral("formulaire-contrat.png")
+                 << QStringLiteral("formulaire-securite-sociale.png");
         attendus.sort();
         QCOMPARE(QDir(dossier).entryList(QDir::Files, QDir::Name), attendus);
         for (const QString& nom : attendus) {

@@ -1,16 +1,18 @@
-// The three record reports (profile summary, employers, contracts) composed from real
-// documents, written to PDF and read back: the parts each setting prints, the texts
-// and French amounts, long texts printed whole, every page's footer, the file names,
+// The record reports (profile summary, employers, contracts) and the social-security report
+// composed from real documents, written to PDF and read back: the parts each setting prints,
+// the texts and French amounts, long texts printed whole, every page's footer, the file names,
 // and a long career whose contracts are each listed exactly once.
 
 #include "GenerateurCarriere.h"
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
+#include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/Contrats.h"
 #include "records/OutilsContrats.h"
 #include "records/Profil.h"
+#include "regimes/SecuriteSociale.h"
 #include "store/BaseDeDonnees.h"
 #include "store/Horloge.h"
 #include "store/Reglages.h"
@@ -134,16 +136,22 @@ private slots:
     {
         QTest::addColumn<QDate>("jour");
         QTest::addColumn<QString>("nom");
-        QTest::newRow("deux chiffres") << QDate(2026, 11, 21) << "Relevé d'informations 21 11 2026";
-        QTest::newRow("sans zéro devant") << QDate(2026, 3, 5) << "Relevé d'informations 5 3 2026";
-        QTest::newRow("premier janvier") << QDate(2027, 1, 1) << "Relevé d'informations 1 1 2027";
+        QTest::addColumn<QString>("nomSecuriteSociale"); // year first
+        QTest::newRow("deux chiffres") << QDate(2026, 11, 21) << "Relevé d'informations 21 11 2026"
+                                       << "Sécurité Sociale 2026 11 21";
+        QTest::newRow("sans zéro devant") << QDate(2026, 3, 5) << "Relevé d'informations 5 3 2026"
+                                          << "Sécurité Sociale 2026 3 5";
+        QTest::newRow("premier janvier") << QDate(2027, 1, 1) << "Relevé d'informations 1 1 2027"
+                                         << "Sécurité Sociale 2027 1 1";
     }
 
     void nomDuReleve()
     {
         QFETCH(QDate, jour);
         QFETCH(QString, nom);
+        QFETCH(QString, nomSecuriteSociale);
         QCOMPARE(nomRapportProfil(jour), nom);
+        QCOMPARE(nomRapportSecuriteSociale(jour), nomSecuriteSociale);
         QCOMPARE(nomRapportEmployeurs(), QStringLiteral("Liste des employeurs"));
         QCOMPARE(nomRapportContrats(), QStringLiteral("Liste des contrats"));
     }
@@ -275,6 +283,7 @@ private slots:
         QVERIFY(!composerRapportProfil(r, m_dossier.filePath("absent.cv4"), ChoixImpressions()));
         QVERIFY(!composerRapportEmployeurs(r, m_dossier.filePath("absent.cv4"), ChoixImpressions()));
         QVERIFY(!composerRapportContrats(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), FiltreContrats()));
+        QVERIFY(!composerRapportSecuriteSociale(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), {}));
         QVERIFY(!QFileInfo::exists(m_dossier.filePath("absent.cv4")));
         QVERIFY(r.document().isEmpty());
     }
@@ -360,6 +369,68 @@ private slots:
             QVERIFY2(texte.contains(present), qPrintable(present + "\n---\n" + texte));
         for (const QString& absent : absents)
             QVERIFY2(!texte.contains(absent), qPrintable(absent));
+    }
+
+    // The two parts of "Compte rendu de Sécurité Sociale", each behind its setting; the rights
+    // on the day asked, or why there are none.
+    void securiteSociale_data()
+    {
+        QTest::addColumn<bool>("contrat");
+        QTest::addColumn<bool>("droits");
+        QTest::addColumn<bool>("liste");
+        QTest::addColumn<QStringList>("presents");
+        QTest::addColumn<QStringList>("absents");
+        const QString grille = QStringLiteral("Maladie (<= 6 mois) Non Remboursement de frais médicaux Oui");
+        const QStringList periodes{"Debut Fin Type Rembourse Note", "02/04/2024 11/04/2024 Maladie Remboursé Grippe",
+                                   "15/04/2024 15/04/2024 Pharmacie En attente"};
+        cas("both parts", true, true, true,
+            QStringList{"Vérification des droits au 31/03/2024", "Indemnités journalières Prises en charge possibles",
+                        grille, "Maternité / Paternité Non Maladie professionnelle Oui"} +
+                periodes,
+            QStringList{});
+        cas("rights only", true, true, false, QStringList{grille},
+            QStringList{"Liste de toutes les périodes", "Grippe"});
+        cas("periods only", true, false, true, periodes, QStringList{"Vérification des droits", grille});
+        cas("no contract", false, true, true,
+            QStringList{"Vos droits sociaux ne peuvent pas être calculés, car vous n'avez déclaré aucun contrat."} +
+                periodes,
+            QStringList{grille});
+    }
+
+    void securiteSociale()
+    {
+        QFETCH(bool, contrat);
+        QFETCH(bool, droits);
+        QFETCH(bool, liste);
+        QFETCH(QStringList, presents);
+        QFETCH(QStringList, absents);
+        const QString document = documentContrats(m_dossier, QStringLiteral("securite-%1.cv4").arg(++m_numero));
+        if (contrat)
+            ajouterContrat(document, {ajouterEmployeur(document, QStringLiteral("Opéra")), QDate(2024, 3, 4),
+                                      QDate(2024, 3, 8), 60, 5, 2500.0, 1950.0});
+        SecuriteSociale modele(document);
+        PeriodeSecuriteSociale pharmacie;
+        pharmacie.debut = pharmacie.fin = QDate(2024, 4, 15);
+        pharmacie.typeId = SecuriteSociale::Pharmacie;
+        QVERIFY(modele.enregistreSecuriteSociale(pharmacie) > 0);
+        PeriodeSecuriteSociale grippe;
+        grippe.debut = QDate(2024, 4, 2);
+        grippe.fin = QDate(2024, 4, 11);
+        grippe.note = QStringLiteral("Grippe");
+        grippe.rembourse = true;
+        QVERIFY(modele.enregistreSecuriteSociale(grippe) > 0);
+        ChoixImpressions choix;
+        choix.verificationDroits = droits;
+        choix.listePeriodes = liste;
+        const QStringList p =
+            pages([&](Rapport& r) { return composerRapportSecuriteSociale(r, document, choix, QDate(2024, 3, 31)); });
+        const QString texte = p.join("\n");
+        QVERIFY2(texte.startsWith("Compte rendu de Sécurité Sociale"), qPrintable(texte));
+        for (const QString& present : presents)
+            QVERIFY2(texte.contains(present), qPrintable(present + "\n---\n" + texte));
+        for (const QString& absent : absents)
+            QVERIFY2(!texte.contains(absent), qPrintable(absent));
+        verifierPieds(p);
     }
 
     void contratsSansLaListe()
