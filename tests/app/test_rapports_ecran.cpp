@@ -41,7 +41,7 @@ private:
     QString sortie() { return g_maison->filePath(QStringLiteral("export%1.pdf").arg(++m_numero)); }
 
     // Clicks the export button and gives the pages written ("" when none).
-    QStringList exporter(QWidget& ecran, const QString& suffixe, const QString& nomPropose)
+    QStringList exporterPdf(QWidget& ecran, const QString& suffixe, const QString& nomPropose)
     {
         DialoguesScriptes& dialogues = m_banc->dialogues;
         const QString chemin = sortie();
@@ -75,6 +75,7 @@ private slots:
 
     void init()
     {
+        Horloge::fixer(QDate(2026, 11, 21));
         m_banc = std::make_unique<Banc>();
         const int orly = ajouterEmployeur(m_banc->chemin, QStringLiteral("Théâtre d'Orly"));
         const int opera = ajouterEmployeur(m_banc->chemin, QStringLiteral("Opéra"));
@@ -82,59 +83,52 @@ private slots:
         ajouterContrat(m_banc->chemin, {opera, QDate(2024, 3, 4), QDate(2024, 3, 8), 60, 5, 2500.0, 1950.0});
     }
 
-    void contratsCommeFiltresALEcran()
+    // Each screen's export: the save panel with the report's name, the file offered for display,
+    // and in it the contracts as filtered on screen and the parts the settings ask for.
+    void exporter_data()
     {
-        ListeContrats liste(m_banc->environnement);
-        liste.setDocument(m_banc->document(&liste));
-        auto* employeur = liste.findChild<QComboBox*>(QStringLiteral("filtreEmployeur"));
-        QVERIFY(employeur);
-        const int index = employeur->findText(QStringLiteral("Opéra"));
-        QVERIFY(index >= 0);
-        employeur->setCurrentIndex(index);
-        emit employeur->activated(index);
-        QCOMPARE(liste.modele()->rowCount(), 1);
-
-        const QString texte =
-            exporter(liste, QStringLiteral("Contrats"), QStringLiteral("Liste des contrats")).join("\n");
-        QVERIFY2(texte.contains("04/03/2024"), qPrintable(texte));
-        QVERIFY(texte.contains("Totaux 5 60 2 500,00 € 1 950,00 €"));
-        QVERIFY(!texte.contains("08/01/2024"));
+        QTest::addColumn<QString>("ecran");
+        QTest::addColumn<QString>("reglage"); // the part left out, "" for none
+        QTest::addColumn<QString>("nom");
+        QTest::addColumn<QString>("present");
+        QTest::addColumn<QString>("absent");
+        using C = Reglages::Cle;
+        cas("contrats filtrés", "Contrats", "", "Liste des contrats", "Totaux 5 60 2 500,00 € 1 950,00 €",
+            "08/01/2024");
+        cas("contrats sans la liste", "Contrats", Reglages::nom(C::ContratsImpressionsListe), "Liste des contrats",
+            "Contrats : 1", "04/03/2024");
+        cas("employeurs sans la liste", "Employeurs", Reglages::nom(C::EmployeursImpressionsListe),
+            "Liste des employeurs", "Totaux 8 96 3 734,56 € 2 900,50 €", "Courriel");
+        cas("profil sans état civil", "Profil", Reglages::nom(C::ProfilImpressionsEtatCivil),
+            "Relevé d'informations 21 11 2026", "Informations personnelles", "Nom : Dupont");
     }
 
-    void contratsSelonLesReglages()
+    void exporter()
     {
-        m_banc->reglages.ecrire(Reglages::Cle::ContratsImpressionsListe, false);
-        ListeContrats liste(m_banc->environnement);
-        liste.setDocument(m_banc->document(&liste));
-        const QString texte =
-            exporter(liste, QStringLiteral("Contrats"), QStringLiteral("Liste des contrats")).join("\n");
-        QVERIFY2(texte.contains("Contrats : 2"), qPrintable(texte));
-        QVERIFY(!texte.contains("08/01/2024"));
-    }
-
-    void employeurs()
-    {
-        m_banc->reglages.ecrire(Reglages::Cle::EmployeursImpressionsListe, false);
-        SectionEmployeurs section(m_banc->environnement);
-        section.setDocument(m_banc->document(&section));
-        const QString texte =
-            exporter(section, QStringLiteral("Employeurs"), QStringLiteral("Liste des employeurs")).join("\n");
-        QVERIFY2(texte.contains("Cumuls par employeur"), qPrintable(texte));
-        QVERIFY(texte.contains("Totaux 8 96 3 734,56 € 2 900,50 €"));
-        QVERIFY(!texte.contains("Courriel"));
-    }
-
-    void profil()
-    {
-        Horloge::fixer(QDate(2026, 11, 21));
-        m_banc->reglages.ecrire(Reglages::Cle::ProfilImpressionsRib, false);
-        FenetreProfil fenetre(m_banc->environnement, m_banc->document(this));
-        const QStringList pages =
-            exporter(fenetre, QStringLiteral("Profil"), QStringLiteral("Relevé d'informations 21 11 2026"));
-        Horloge::reinitialiser();
-        QCOMPARE(pages.size(), 1);
-        QVERIFY2(pages[0].contains("Nom : Dupont"), qPrintable(pages[0]));
-        QVERIFY(!pages[0].contains("RELEVE D'IDENTITE BANCAIRE"));
+        QFETCH(QString, ecran);
+        QFETCH(QString, reglage);
+        QFETCH(QString, nom);
+        QFETCH(QString, present);
+        QFETCH(QString, absent);
+        if (!reglage.isEmpty())
+            m_banc->reglages.stockage().setValue(reglage, false);
+        std::unique_ptr<QWidget> fenetre;
+        if (ecran == "Contrats") {
+            auto* liste = new ListeContrats(m_banc->environnement);
+            fenetre.reset(liste);
+            liste->setDocument(m_banc->document(liste));
+            choisir(*liste, "filtreEmployeur", "Opéra");
+            QCOMPARE(liste->modele()->rowCount(), 1);
+        } else if (ecran == "Employeurs") {
+            auto* section = new SectionEmployeurs(m_banc->environnement);
+            fenetre.reset(section);
+            section->setDocument(m_banc->document(section));
+        } else {
+            fenetre = std::make_unique<FenetreProfil>(m_banc->environnement, m_banc->document(this));
+        }
+        const QString texte = exporterPdf(*fenetre, ecran, nom).join("\n");
+        QVERIFY2(texte.contains(present), qPrintable(texte));
+        QVERIFY(!texte.contains(absent));
     }
 
     void impression()

@@ -14,7 +14,6 @@
 
 #include <QDirIterator>
 #include <QFontDatabase>
-#include <QFontInfo>
 #include <QPdfDocument>
 #include <QPdfSelection>
 #include <QProcess>
@@ -22,7 +21,6 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTextBlock>
-#include <QUrl>
 #include <QtTest>
 
 using namespace corvane;
@@ -136,25 +134,6 @@ private slots:
         m_reglages = std::make_unique<Reglages>(m_maison.filePath(QStringLiteral("reglages%1.ini").arg(++m_numero)));
         m_reglages->ecrire(Reglages::Cle::PrefsStockage, m_stockage);
         m_document = m_dossier->filePath(QStringLiteral("Jeanne Dupont.v2.cv4"));
-    }
-
-    void styles()
-    {
-        Rapport r;
-        composer(r);
-        // Lucida Grande where it exists, else a sans-serif of the system, never a serif face.
-        const QFontInfo police(Rapport::police(12));
-        QVERIFY2(!police.family().contains("Serif") || police.family().contains("Sans"), qPrintable(police.family()));
-        if (!QFontDatabase::hasFamily("Lucida Grande") && QFontDatabase::hasFamily("DejaVu Sans"))
-            QCOMPARE(police.family(), QStringLiteral("DejaVu Sans"));
-
-        // The two pictures are resources of the document, drawn by the program.
-        const QImage ligne = r.document().resource(QTextDocument::ImageResource, QUrl("ligne.png")).value<QImage>();
-        const QImage tampon = r.document().resource(QTextDocument::ImageResource, QUrl("tampon.png")).value<QImage>();
-        QVERIFY(!ligne.isNull());
-        QVERIFY(ligne.width() > 10 * ligne.height());
-        QVERIFY(!tampon.isNull());
-        QCOMPARE(tampon.width(), tampon.height());
     }
 
     void tampon()

@@ -127,17 +127,6 @@ private slots:
         QCOMPARE(obtenus, ids(attendus));
     }
 
-    void finDePeriodeEnCours()
-    {
-        Contrats contrats(m_liste);
-        QCOMPARE(contrats.retrouveDateFinDePeriodeEnCours(), QDate(2024, 12, 31));
-        QCOMPARE(contrats.allongementPeriodeDeReference, 0);
-        const int arret = ajouterArretMaladie(m_liste, QDate(2024, 5, 1), QDate(2024, 5, 10), 10);
-        QCOMPARE(contrats.retrouveDateFinDePeriodeEnCours(), QDate(2025, 1, 10));
-        QCOMPARE(contrats.allongementPeriodeDeReference, 10);
-        contrats.db().exec(QStringLiteral("DELETE FROM securitesociale WHERE ss_id = %1;").arg(arret));
-    }
-
     void tri_data()
     {
         QTest::addColumn<QString>("sens");

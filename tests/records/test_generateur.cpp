@@ -76,31 +76,6 @@ private slots:
         }
     }
 
-    void comptes_data() { colonneCarriere(); }
-    void comptes()
-    {
-        QFETCH(int, indice);
-        const Carriere& c = kCarrieres[indice];
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(chemin(QString::fromUtf8(c.nom))));
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats;"), qint64(c.contrats));
-        // Enough of every kind of record for the screens, reports and benchmarks to meet it.
-        const QList<QPair<const char*, qint64>> auMoins{
-            {"employeurs", 16},
-            {"employeurs WHERE e_contratmodele_id > 0", 3},
-            {"periodes", c.annees - 1},
-            {"frais", 12 * c.annees + 1},
-            {"securitesociale", 2 * c.annees},
-            {"droitsvoisins", 1},
-            {"employeurs WHERE e_raison_sociale LIKE '%''%'", 1},
-            {"contrats WHERE c_type = 1 AND c_nbre_jours >= 5", 1},
-            {"contrats WHERE c_type = 2", 1},
-            {"contrats WHERE c_effectue = 0", 1},
-        };
-        for (const auto& [ou, minimum] : auMoins)
-            QVERIFY2(base.entier(QStringLiteral("SELECT COUNT(*) FROM %1;").arg(QLatin1String(ou))) >= minimum, ou);
-    }
-
     // Each worked-day list agrees with the contract's dates and counts, as the contract form writes them.
     void contrats_data() { colonneCarriere(); }
     void contrats()

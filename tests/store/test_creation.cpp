@@ -131,28 +131,6 @@ private slots:
         Horloge::fixer(QDate(2024, 6, 15));
     }
 
-    void reponsesDeLAssistant()
-    {
-        NouveauDocument p = parametresParDefaut(m_dossier.filePath("o'brien.cv4"));
-        p.nom = QStringLiteral("O'Brien");
-        p.prenom = QStringLiteral("Zoë « Zo »");
-        p.abattementState = 1;
-        p.isAutoEntrepreneur = true;
-        p.civiliteId = 3;
-        p.password = QStringLiteral("clé secrète");
-        p.isLocked = 1;
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(creerDocument(p)));
-        QCOMPARE(base.colonne("SELECT u_nom || '|' || u_prenom || '|' || u_abattement || '|' || "
-                              "u_autoentrepreneur_flag || '|' || u_civilite_id FROM utilisateur;"),
-                 QStringList{"O'Brien|Zoë « Zo »|1|1|3"});
-        QCOMPARE(base.texte("SELECT f_locked || '|' || f_password FROM file;"),
-                 QStringLiteral("1|") + QString::fromLatin1(QStringLiteral("clé secrète").toUtf8().toBase64()));
-        Intermittent document(p.nomDuFichier);
-        QVERIFY(document.isFileLocked());
-        QCOMPARE(document.retrouveNomUtilisateur(), QStringLiteral("O'Brien"));
-    }
-
     void refus_data()
     {
         QTest::addColumn<QString>("chemin");
