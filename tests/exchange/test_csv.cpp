@@ -102,15 +102,10 @@ struct Lecture
 
 Lecture lireOctets(const QByteArray& octets, CsvEncodage encodage)
 {
-    QTemporaryDir dossier;
-    const QString chemin = dossier.filePath("donnees.csv");
-    QFile ecrit(chemin);
-    if (!ecrit.open(QIODevice::WriteOnly) || ecrit.write(octets) != octets.size())
-        return {};
-    ecrit.close();
     Lecture lecture;
-    QFile fichier(chemin);
-    auto parser = CsvParser::initWithInputStream(&fichier, encodage, u',');
+    QBuffer tampon;
+    tampon.setData(octets);
+    auto parser = CsvParser::initWithInputStream(&tampon, encodage, u',');
     parser->setSanitizesFields(true);
     parser->setDelegate(&lecture.journal);
     lecture.reussi = parser->parse();

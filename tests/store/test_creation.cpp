@@ -106,8 +106,6 @@ private slots:
         QTest::addColumn<QDate>("fin");
         const QDate ouverture(2015, 3, 1);
         cas("artist, 2016 rules: 366 days", 1, QDate(2016, 8, 1), ouverture.addDays(365));
-        cas("artist, older rules: 319 days", 1, QDate(2016, 7, 31), ouverture.addDays(318));
-        cas("worker, 2016 rules", 2, QDate(2020, 1, 1), ouverture.addDays(365));
         cas("technician, older rules: 304 days", 3, QDate(2015, 4, 1), ouverture.addDays(303));
         cas("general scheme: today", 4, QDate(2020, 5, 5), QDate(2020, 5, 5));
         cas("self-employed: today", 5, QDate(2020, 5, 5), QDate(2020, 5, 5));
