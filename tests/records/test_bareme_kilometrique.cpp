@@ -154,13 +154,10 @@ private slots:
         QTest::newRow("moto 0 en 2013") << 2013 << 4000.0 << int(Moto) << 0 << 1264.0;
         QTest::newRow("0 km") << 2014 << 0.0 << int(Voiture) << 4 << 0.0;
         QTest::newRow("type 0") << 2014 << 1000.0 << 0 << 4 << 0.0;
-        QTest::newRow("type 4") << 2014 << 1000.0 << 4 << 4 << 0.0;
         QTest::newRow("type -1") << 2014 << 1000.0 << -1 << 4 << 0.0;
         QTest::newRow("voiture puissance 8") << 2014 << 1000.0 << int(Voiture) << 8 << 0.0;
-        QTest::newRow("voiture puissance -1") << 2014 << 1000.0 << int(Voiture) << -1 << 0.0;
         QTest::newRow("moto puissance 100") << 2012 << 1000.0 << int(Moto) << 100 << 0.0;
         QTest::newRow("2011 : pas de barème") << 2011 << 1000.0 << int(Voiture) << 4 << 0.0;
-        QTest::newRow("2016 : pas de barème") << 2016 << 1000.0 << int(Voiture) << 4 << 0.0;
         QTest::newRow("2030 : pas de barème") << 2030 << 1000.0 << int(Cyclomoteur) << 0 << 0.0;
         // A moped's power is not read at all.
         QTest::newRow("cyclomoteur puissance 8") << 2014 << 1000.0 << int(Cyclomoteur) << 8 << 269.0;

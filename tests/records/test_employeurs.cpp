@@ -1,5 +1,5 @@
-// Employers: saving and listing (quotes everywhere), the duplicate rule, the two ways
-// of deleting, the totals and the chart, and the import from another document.
+// Employers: saving and listing (quotes everywhere), the duplicate rule and the import from
+// another document (deleting: cli_enregistrements.txt; the totals: test_employeurs_ecran).
 
 #include "commun/Reference.h"
 #include "records/Employeurs.h"
@@ -34,24 +34,6 @@ private:
         e.commune = commune;
         e.codePostal = codePostal;
         return e;
-    }
-
-    static qint64 compte(const QString& chemin, const QString& sql)
-    {
-        BaseDeDonnees base;
-        base.ouvrirEnLecture(chemin);
-        return base.entier(sql);
-    }
-
-    static void contrat(const QString& chemin, int employeurId, int heures, int jours, double brut, double net,
-                        double netAPayer)
-    {
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrir(chemin));
-        QCOMPARE(base.executer("INSERT INTO contrats (c_employeur_id, c_nbre_heures, c_nbre_jours, c_salaire_brut, "
-                               "c_salaire_net, c_salaire_net_a_payer) VALUES (?, ?, ?, ?, ?, ?);",
-                               {employeurId, heures, jours, brut, net, netAPayer}),
-                 101);
     }
 
 private slots:
@@ -109,7 +91,6 @@ private slots:
         QTest::addColumn<QString>("codePostal");
         QTest::addColumn<QString>("commune");
         QTest::addColumn<QString>("refus");
-        cas("same name, another town", "Le Zèbre", "75001", "Lyon", QString());
         cas("same name, another postal code", "Le Zèbre", "75002", "Paris", QString());
         cas("same name, postal code and town", "Le Zèbre", "75001", "Paris", Employeurs::messageExisteDeja());
         cas("another name", "Le Zèbre d'or", "75001", "Paris", QString());
@@ -135,103 +116,6 @@ private slots:
         Employeur lui = employeur("Le Zèbre", "Paris", "75001");
         lui.id = premier;
         QCOMPARE(employeurs.refusEnregistrement(lui), QString());
-    }
-
-    void conventionne()
-    {
-        const QString chemin = document();
-        Employeurs employeurs(chemin);
-        const int id = employeurs.enregistreEmployeur(employeur("A", "B"));
-        QCOMPARE(employeurs.employeur(id)->conventionne, 1);
-        QVERIFY(employeurs.enregistreLesCochesPourId(id, false));
-        QCOMPARE(employeurs.employeur(id)->conventionne, 0);
-        QVERIFY(employeurs.enregistreLesCochesPourId(id, true));
-        QCOMPARE(employeurs.employeur(id)->conventionne, 1);
-    }
-
-    void suppression_data()
-    {
-        QTest::addColumn<bool>("avecContrats");
-        QTest::addColumn<QString>("reponse");
-        QTest::addColumn<bool>("questionPosee");
-        QTest::addColumn<bool>("employeurSupprime");
-        QTest::addColumn<int>("contratsRestants");
-        QTest::addColumn<int>("modelesRestants");
-        // Templates: one naming the employer, one naming another.
-        cas("no contracts: employer and its templates go, no question", false, "", false, true, 1, 1);
-        cas("contracts, \"Tout\": contracts and employer go, templates stay", true, "Tout", true, true, 1, 2);
-        cas("contracts, \"Rien\": nothing changes", true, "Rien", true, false, 3, 2);
-    }
-
-    void suppression()
-    {
-        QFETCH(bool, avecContrats);
-        QFETCH(QString, reponse);
-        QFETCH(bool, questionPosee);
-        QFETCH(bool, employeurSupprime);
-        QFETCH(int, contratsRestants);
-        QFETCH(int, modelesRestants);
-        const QString chemin = document();
-        int id = 0;
-        {
-            Employeurs employeurs(chemin);
-            id = employeurs.enregistreEmployeur(employeur("Compagnie d'Arles", "Arles"));
-            const int autre = employeurs.enregistreEmployeur(employeur("Autre", "Nîmes"));
-            contrat(chemin, autre, 10, 1, 100, 80, 80);
-            if (avecContrats) {
-                contrat(chemin, id, 10, 1, 100, 80, 80);
-                contrat(chemin, id, 12, 1, 120, 90, 90);
-            }
-            BaseDeDonnees base;
-            QVERIFY(base.ouvrir(chemin));
-            base.executer(QStringLiteral("INSERT INTO contratsmodeles (cm_libelle, cm_employeur) VALUES ('a', %1), "
-                                         "('b', %2);")
-                              .arg(id)
-                              .arg(autre));
-        }
-        DialoguesScriptes dialogues({reponse});
-        Employeurs employeurs(chemin);
-        QCOMPARE(employeurs.supprimeEmployeurAvecVerification(id, dialogues), employeurSupprime);
-        QCOMPARE(!dialogues.echanges().isEmpty(), questionPosee);
-        if (questionPosee) {
-            const auto& echange = dialogues.echanges().first();
-            QCOMPARE(echange.titre, QStringLiteral("Vérification des données..."));
-            QCOMPARE(echange.message, QStringLiteral("Des contrats sont attribués à cet employeur.\n\nSouhaitez-vous "
-                                                     "tout supprimer, ou ne rien faire ?"));
-            QCOMPARE(echange.boutons, (QStringList{"Tout", "Rien"}));
-        }
-        QCOMPARE(compte(chemin, QStringLiteral("SELECT COUNT(*) FROM employeurs WHERE e_id = %1;").arg(id)),
-                 employeurSupprime ? 0 : 1);
-        QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM contrats;"), contratsRestants);
-        QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM contratsmodeles;"), modelesRestants);
-    }
-
-    void cumulsEtGraphique()
-    {
-        const QString chemin = document();
-        Employeurs employeurs(chemin);
-        const int a = employeurs.enregistreEmployeur(employeur("L'Odéon", "Paris"));
-        const int b = employeurs.enregistreEmployeur(employeur("Bobino", "Paris"));
-        const int vide = employeurs.enregistreEmployeur(employeur("Sans contrat", "Paris"));
-        contrat(chemin, a, 12, 1, 150.5, 120.25, 110);
-        contrat(chemin, a, 24, 2, 300, 240, 220.5);
-        contrat(chemin, b, 8, 1, 90, 70, 70);
-
-        const Ligne cumuls = employeurs.cumulsPourEmployeur(a);
-        QCOMPARE(cumuls.value("Heures").toInt(), 36);
-        QCOMPARE(cumuls.value("Journées").toInt(), 3);
-        QCOMPARE(cumuls.value("Salaires bruts").toDouble(), 450.5);
-        QCOMPARE(cumuls.value("Salaires nets").toDouble(), 360.25);
-        const Ligne zero = employeurs.cumulsPourEmployeur(vide);
-        QCOMPARE(zero.value("Heures").toInt(), 0);
-        QCOMPARE(zero.value("Salaires bruts").toDouble(), 0.0);
-
-        const GraphiqueEmployeurs g = employeurs.graphiqueDesSalaires();
-        QCOMPARE(g.bruts.size(), 2);
-        QCOMPARE(g.bruts[0], (Ligne{{"Label", "Bobino"}, {"Amount", 90.0}}));
-        QCOMPARE(g.bruts[1], (Ligne{{"Label", "L'Odéon"}, {"Amount", 450.5}}));
-        QCOMPARE(g.nets[1].value("Amount").toDouble(), 360.25);
-        QCOMPARE(g.netsAPayer[1].value("Amount").toDouble(), 330.5);
     }
 
     void import_data()
@@ -282,11 +166,11 @@ private slots:
         QCOMPARE(employeurs.importeEmployeursDepuis(source, &refus), 0); // a second import adds nothing
 
         if (ancienneGeneration) {
-            QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = 'Opéra de Lyon' AND "
+            QCOMPARE(nombre(chemin, "SELECT COUNT(*) FROM employeurs WHERE e_raison_sociale = 'Opéra de Lyon' AND "
                                     "e_commune = 'Lyon' AND e_conventionne = 1 AND e_no_siret = '';"),
                      1);
         } else {
-            QCOMPARE(compte(chemin, "SELECT COUNT(*) FROM employeurs WHERE e_commune = 'Marseille' AND e_conventionne "
+            QCOMPARE(nombre(chemin, "SELECT COUNT(*) FROM employeurs WHERE e_commune = 'Marseille' AND e_conventionne "
                                     "= 0 AND e_no_siret = 'S''1' AND e_couleur = '1,2,3' AND e_prospect = 0;"),
                      1);
             QCOMPARE(employeurs.retrouveIdEmployeur("Chez \"Lulu\"") > 0, true);
@@ -297,7 +181,6 @@ private slots:
     {
         QTest::addColumn<QString>("cas");
         QTest::addColumn<QString>("message");
-        cas("the open document", "ouvert", Employeurs::messageFichierDejaOuvert());
         cas("the open document, another spelling", "relatif", Employeurs::messageFichierDejaOuvert());
         cas("not a document", "texte", Employeurs::messageFichierIllisible());
         cas("missing", "absent", Employeurs::messageFichierIllisible());
@@ -320,7 +203,6 @@ private slots:
         QString refus;
         QCOMPARE(employeurs.importeEmployeursDepuis(source, &refus), -1);
         QCOMPARE(refus, message);
-        QCOMPARE(Employeurs::titreImport(), QStringLiteral("Import d'employeurs"));
         QCOMPARE(dump(chemin), avant);
         QVERIFY(!QFileInfo::exists(m_dossier.filePath("absent.cv4")));
     }

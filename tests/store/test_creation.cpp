@@ -106,8 +106,6 @@ private slots:
         QTest::addColumn<QDate>("fin");
         const QDate ouverture(2015, 3, 1);
         cas("artist, 2016 rules: 366 days", 1, QDate(2016, 8, 1), ouverture.addDays(365));
-        cas("artist, older rules: 319 days", 1, QDate(2016, 7, 31), ouverture.addDays(318));
-        cas("worker, 2016 rules", 2, QDate(2020, 1, 1), ouverture.addDays(365));
         cas("technician, older rules: 304 days", 3, QDate(2015, 4, 1), ouverture.addDays(303));
         cas("general scheme: today", 4, QDate(2020, 5, 5), QDate(2020, 5, 5));
         cas("self-employed: today", 5, QDate(2020, 5, 5), QDate(2020, 5, 5));
@@ -129,28 +127,6 @@ private slots:
         QCOMPARE(base.texte("SELECT dpp_date FROM datesPeriodesPreferees WHERE dpp_element = 'simulation_fin';"),
                  Dates::versSQLite(fin));
         Horloge::fixer(QDate(2024, 6, 15));
-    }
-
-    void reponsesDeLAssistant()
-    {
-        NouveauDocument p = parametresParDefaut(m_dossier.filePath("o'brien.cv4"));
-        p.nom = QStringLiteral("O'Brien");
-        p.prenom = QStringLiteral("Zoë « Zo »");
-        p.abattementState = 1;
-        p.isAutoEntrepreneur = true;
-        p.civiliteId = 3;
-        p.password = QStringLiteral("clé secrète");
-        p.isLocked = 1;
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(creerDocument(p)));
-        QCOMPARE(base.colonne("SELECT u_nom || '|' || u_prenom || '|' || u_abattement || '|' || "
-                              "u_autoentrepreneur_flag || '|' || u_civilite_id FROM utilisateur;"),
-                 QStringList{"O'Brien|Zoë « Zo »|1|1|3"});
-        QCOMPARE(base.texte("SELECT f_locked || '|' || f_password FROM file;"),
-                 QStringLiteral("1|") + QString::fromLatin1(QStringLiteral("clé secrète").toUtf8().toBase64()));
-        Intermittent document(p.nomDuFichier);
-        QVERIFY(document.isFileLocked());
-        QCOMPARE(document.retrouveNomUtilisateur(), QStringLiteral("O'Brien"));
     }
 
     void refus_data()

@@ -26,9 +26,7 @@ private slots:
         QTest::addColumn<QDate>("jour");
         cas("30 March 2014, the spring clock change in Paris", "2014-03-30 00:00:00.000", QDate(2014, 3, 30));
         cas("26 October 2014, the autumn change", "2014-10-26 00:00:00.000", QDate(2014, 10, 26));
-        cas("summer day", "2016-08-01 00:00:00.000", QDate(2016, 8, 1));
         cas("leap day", "2024-02-29 00:00:00.000", QDate(2024, 2, 29));
-        cas("new year's eve", "1999-12-31 00:00:00.000", QDate(1999, 12, 31));
     }
 
     void allerRetour()
@@ -91,9 +89,7 @@ private slots:
         QTest::addColumn<QDate>("debut");
         QTest::addColumn<QDate>("fin");
         QTest::addColumn<qint64>("jours");
-        cas("same day", QDate(2014, 3, 30), QDate(2014, 3, 30), qint64(0));
         cas("across the spring change", QDate(2014, 3, 1), QDate(2014, 4, 1), qint64(31));
-        cas("across the autumn change", QDate(2014, 10, 1), QDate(2014, 11, 1), qint64(31));
         cas("backwards", QDate(2014, 4, 1), QDate(2014, 3, 1), qint64(-31));
         cas("leap year", QDate(2024, 1, 1), QDate(2025, 1, 1), qint64(366));
     }
@@ -110,8 +106,6 @@ private slots:
     {
         QTest::addColumn<QDate>("jour");
         cas("winter", QDate(2021, 1, 15));
-        cas("summer", QDate(2016, 8, 1));
-        cas("new year's day", QDate(2027, 1, 1));
         cas("leap day", QDate(2028, 2, 29));
     }
 
@@ -135,9 +129,6 @@ private slots:
         QTest::addColumn<QString>("attendu");
         cas("decimal comma", "12,5", "12.5");
         cas("blank kept, comma changed", "1 234,56", "1 234.56");
-        cas("every comma", "1,2,3", "1.2.3");
-        cas("no comma", "42", "42");
-        cas("empty", "", "");
         cas("other characters kept", "€ 3,50 !", "€ 3.50 !");
     }
 

@@ -84,29 +84,6 @@ private slots:
         QCOMPARE(base.entier("SELECT COUNT(*) FROM pragma_table_info('contrats') WHERE name = 'c_aem_fp';"), 1);
     }
 
-    void nouveauDocumentRecoitLesAjouts()
-    {
-        const QString chemin = creerDocument(parametresParDefaut(m_dossier.filePath("neuf.cv4")));
-        BaseDeDonnees base;
-        QVERIFY(base.ouvrirEnLecture(chemin));
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM pragma_table_info('utilisateur') WHERE name = 'u_pas';"), 0);
-        base.fermer();
-
-        QCOMPARE(ouvrirDocument(chemin), chemin);
-        QVERIFY(base.ouvrirEnLecture(chemin));
-        for (const char* colonne : {"u_pas", "u_rib_iban"})
-            QCOMPARE(
-                base.entier(QStringLiteral("SELECT COUNT(*) FROM pragma_table_info('utilisateur') WHERE name = '%1';")
-                                .arg(colonne)),
-                1);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM pragma_table_info('contrats') WHERE name IN ('c_pas', 'c_aem_fp');"),
-                 2);
-        // Its own seed rows are left as they are.
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM delais;"), 4);
-        QCOMPARE(base.entier("SELECT COUNT(*) FROM droitsvoisinsorganismes;"), 8);
-        QCOMPARE(base.entier("SELECT r_type FROM remises WHERE r_id = 6;"), 1);
-    }
-
     void datesTravailleesManquantes()
     {
         // Contracts without worked dates (e.g. written by another tool) get every day of their span.

@@ -114,10 +114,7 @@ private slots:
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("message");
-        cas("missing path", "absent", "introuvable");
-        cas("directory", "dossier", "est un dossier");
-        cas("text file", "texte", "n'est pas un fichier Corvane");
-        cas("truncated database", "tronque", "endommagé");
+        // A missing path, a folder, a text file, a truncated document: cli_document.txt.
         cas("damaged pages", "endommage", "endommagé");
         cas("header only", "entete-seule", "endommagé");
     }
@@ -140,20 +137,6 @@ private slots:
         QCOMPARE(lire(chemin), avant);
         QCOMPARE(QFileInfo::exists(chemin), type != "absent");
         QCOMPARE(QDir(m_dossier.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), contenuDossier);
-    }
-
-    void lectureSeule()
-    {
-        const QString chemin = m_dossier.filePath("protege.or3");
-        documentDepuisScript("generation3.sql", chemin);
-        QFile::setPermissions(chemin, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-        const QByteArray avant = lire(chemin);
-        Fichiers fichiers;
-        DialoguesScriptes dialogues;
-        QCOMPARE(fichiers.ouvertureSQLite(chemin, QString(), dialogues), QString());
-        QVERIFY2(fichiers.erreur().contains(QStringLiteral("protégé en écriture")), qPrintable(fichiers.erreur()));
-        QCOMPARE(lire(chemin), avant);
-        QCOMPARE(fichiers.checkVersion(chemin), QStringLiteral("3"));
     }
 
     void conversion_data()
@@ -198,22 +181,6 @@ private slots:
         // the expenses to the cent, the periods and the preferred dates.
         QCOMPARE(fichiers.checkVersion(copie), QStringLiteral("4"));
         CORVANE_COMPARER_REFERENCE(dump(copie).toUtf8(), QStringLiteral("conversion_orvia%1.txt").arg(generation));
-    }
-
-    void conversionRefusee()
-    {
-        const QString ancien = m_dossier.filePath("refus.orv");
-        documentDepuisScript("generation1.sql", ancien);
-        const QString courant = nouveauDocument("courant.cv4");
-
-        Fichiers fichiers;
-        DialoguesScriptes dialogues({"Ne rien faire"});
-        QCOMPARE(fichiers.ouvertureSQLite(ancien, courant, dialogues), courant);
-        QVERIFY(!QFileInfo::exists(m_dossier.filePath("V3_refus.or3")));
-
-        DialoguesScriptes sansDocument({"Ne rien faire"});
-        QCOMPARE(fichiers.ouvertureSQLite(ancien, QString(), sansDocument), QString());
-        QVERIFY(fichiers.erreur().isEmpty());
     }
 
     void convertiSansOuvrir()

@@ -42,32 +42,24 @@ private slots:
         const QString fine = QString(QChar(0x202F));
 
         cas("grouped with a comma", "1 977,00", "montant", 1977.0, "");
-        cas("one decimal", "1977,5", "montant", 1977.5, "");
         cas("decimal point", "1977.5", "montant", 1977.5, "");
-        cas("whole, grouped", "1 977", "montant", 1977.0, "");
         cas("non-breaking space", "1" + nbsp + "977,50", "montant", 1977.5, "");
         cas("narrow no-break space, millions", "12" + fine + "345" + fine + "678,9", "montant", 12345678.9, "");
         cas("euro sign", "1 977,50 €", "montant", 1977.5, "");
         cas("euro sign, no blank", "12€", "montant", 12.0, "");
         cas("blanks around", "  42,10 ", "montant", 42.1, "");
-        cas("zero", "0", "montant", 0.0, "");
         cas("the bound itself", "100 000 000", "montant", 1e8, "");
         cas("negative where allowed", "-12,50", "relatif", -12.5, "");
         cas("minus sign where allowed", QString(QChar(0x2212)) + "3", "relatif", -3.0, "");
 
         cas("German grouping", "1.977,00", "montant", refus, "un seul séparateur décimal");
-        cas("English grouping", "1,977.00", "montant", refus, "un seul séparateur décimal");
         cas("letter O for zero", "15OO", "montant", refus, "le caractère « O »");
-        cas("word", "abc", "montant", refus, "le caractère « a »");
         cas("empty", "", "montant", refus, "aucune valeur");
-        cas("blanks only", "   ", "montant", refus, "aucune valeur");
         cas("exponent", "1e308", "montant", refus, "le caractère « e »");
-        cas("infinity", "inf", "montant", refus, "le caractère « i »");
         cas("not a number", "nan", "montant", refus, "le caractère « n »");
         cas("two commas", "1,2,3", "montant", refus, "un seul séparateur décimal");
         cas("dot as thousands: three decimals", "1.977", "montant", refus, "deux décimales au plus");
         cas("groups of two", "19 77", "montant", refus, "tous les trois chiffres");
-        cas("first group of four", "1977 000", "montant", refus, "tous les trois chiffres");
         cas("blank in the decimals", "12,5 0", "montant", refus, "tous les trois chiffres");
         cas("nothing after the comma", "12,", "montant", refus, "après la virgule");
         cas("nothing before the comma", ",50", "montant", refus, "avant la virgule");
@@ -75,13 +67,11 @@ private slots:
         cas("euro sign first", "€12", "montant", refus, "le caractère « € »");
         cas("negative pay", "-12,50", "montant", refus, "négatif");
         cas("beyond a hundred million", "100 000 000,01", "montant", refus, "ne peut pas dépasser 100 000 000,00 €");
-        cas("far beyond", QString(400, QLatin1Char('9')), "montant", refus, "ne peut pas dépasser");
         cas("below the negative bound", "-100 000 001", "relatif", refus, "inférieur");
         cas("invisible character", QString(QChar(0xFEFF)) + "12", "montant", refus, "U+FEFF");
 
         cas("rate", "21,5", "taux", 21.5, "");
         cas("rate above 100", "100,5", "taux", refus, "comprise entre 0 et 100");
-        cas("rate with a euro sign", "12 €", "taux", refus, "le caractère « € »");
         cas("days", "1 200", "jours", 1200.0, "");
         cas("days with decimals", "12,5", "jours", refus, "nombre entier");
         cas("days written the German way", "1.000", "jours", refus, "nombre entier");
