@@ -5,6 +5,7 @@
 #include "app/SectionFichiers.h"
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/poleemploi/SectionPoleEmploi.h"
 
 namespace corvane::app {
 
@@ -18,6 +19,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionContrats(environnement, parent);
     case Section::Employeurs:
         return new SectionEmployeurs(environnement, parent);
+    case Section::PoleEmploi:
+        return new SectionPoleEmploi(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

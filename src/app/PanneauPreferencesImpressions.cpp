@@ -23,6 +23,11 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
          {{Cle::EmployeursImpressionsListe, QStringLiteral("Liste des employeurs")},
           {Cle::EmployeursImpressionsCumuls, QStringLiteral("Cumuls par employeur")}}},
         {QStringLiteral("Contrats"), {{Cle::ContratsImpressionsListe, QStringLiteral("Liste des contrats")}}},
+        {QStringLiteral("Pôle Emploi"),
+         {{Cle::PoleEmploiImpressionsCompteRendu, QStringLiteral("Compte rendu")},
+          {Cle::PoleEmploiImpressionsAllocations, QStringLiteral("Allocation journalière")},
+          {Cle::PoleEmploiImpressionsPeriode, QStringLiteral("Période analysée")},
+          {Cle::PoleEmploiImpressionsHeures, QStringLiteral("Heures par emploi")}}},
     };
     return liste;
 }

@@ -11,6 +11,7 @@
 #include "app/contrats/ListeContrats.h"
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/poleemploi/SectionPoleEmploi.h"
 #include "app/profil/FenetreProfil.h"
 #include "commun/MaisonTemporaire.h"
 #include "commun/OutilsDocument.h"
@@ -23,6 +24,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QListWidget>
 #include <QPdfDocument>
 #include <QPrinter>
@@ -211,6 +213,30 @@ private slots:
         QVERIFY(!liste->findItems(QStringLiteral("Impressions"), Qt::MatchExactly).isEmpty());
         QVERIFY(preferences->findChild<QWidget*>(QStringLiteral("panneauImpressions")));
         preferences->close();
+    }
+
+    // The Pôle Emploi section exports the rights report of the choices on screen, with the
+    // parts its settings keep; the monthly declaration has no report.
+    void poleEmploi()
+    {
+        Horloge::fixer(QDate(2026, 11, 21));
+        m_reglages->ecrire(Reglages::Cle::PoleEmploiImpressionsHeures, false);
+        SectionPoleEmploi section(*m_environnement);
+        section.setDocument(documentOuvert(m_chemin, &section));
+        section.findChild<QDateEdit*>(QStringLiteral("simulationDu"))->setDate(QDate(2024, 1, 1));
+        section.findChild<QDateEdit*>(QStringLiteral("simulationAu"))->setDate(QDate(2024, 12, 31));
+        section.findChild<QComboBox*>(QStringLiteral("choixContratsDroits"))->setCurrentIndex(1);
+        const QString texte =
+            exporter(section, QStringLiteral("PoleEmploi"), QStringLiteral("Simulation des droits 21 11 2026"))
+                .join("\n")
+                .simplified();
+        QVERIFY2(texte.contains("Du 01/01/2024 au 31/12/2024, contrats effectués"), qPrintable(texte));
+        QVERIFY(texte.contains("Vous n'aurez effectué que 96 heure(s)"));
+        QVERIFY(texte.contains("Période analysée"));
+        QVERIFY(!texte.contains("Heures par emploi"));
+        section.choisirMode(SectionPoleEmploi::Declaration);
+        QVERIFY(!section.findChild<QPushButton*>(QStringLiteral("boutonExporterPdfPoleEmploi"))->isEnabled());
+        Horloge::reinitialiser();
     }
 };
 
