@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Whole-process measurements on generated careers: the command line's JSON listing against
 sqlite3 running the same statements, its peak memory, and the desktop program's start-up to
-its first painted window with its peak memory.
+its first painted window (on the contracts section, then on the Pôle Emploi section) with its
+peak memory.
 
     python3 bench/mesures.py [--liste] [--tours N] [BUILD_DIR]        (default: build)
 
@@ -104,6 +105,13 @@ def main():
             nombre = f"{n:,}".replace(",", " ")
             print(f"corvane, {nombre} contrats : première fenêtre peinte en {duree * 1000:.0f} ms, "
                   f"pic mémoire {pic:.0f} Mo")
+
+        # The same start-up on the "Pôle Emploi" section, which computes the rights before it paints.
+        with open(os.path.join(maison, ".config", "Corvane", "Corvane.conf"), "w") as f:
+            f.write("[General]\nLastTabUsed=7\nOpenLastTab=true\nConfiguration_FichierSauvegardeAuto=false\n")
+        duree, pic = serie([corvane, documents[5000]], env, attendre="peinte")
+        print(f"corvane, 5 000 contrats, section Pôle Emploi : première fenêtre peinte en {duree * 1000:.0f} ms, "
+              f"pic mémoire {pic:.0f} Mo")
 
 
 if __name__ == "__main__":

@@ -25,8 +25,8 @@ constexpr int kDelaiPremiereCapture = 300;
 constexpr int kDelaiEntreCaptures = 150;
 
 // A picture of a section, or of what a command opens from it: the command is a menu
-// action (its window is pictured, then closed) or a button of the section (the main
-// window is pictured).
+// action or a button of the section; the window it opens is pictured, then closed (the
+// main window when it opens none).
 struct Prise
 {
     QString chemin;
@@ -46,8 +46,14 @@ QWidget* preparer(FenetrePrincipale& fenetre, const Prise& prise)
                 return d;
         return nullptr;
     }
-    if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande))
+    if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande)) {
         bouton->click();
+        // A button that opens a window: the window is pictured.
+        const QList<QDialog*> fenetres = fenetre.findChildren<QDialog*>();
+        for (QDialog* d : fenetres)
+            if (d->isVisible())
+                return d;
+    }
     return &fenetre;
 }
 
@@ -118,6 +124,8 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonNouveauContrat")},
             {dossier.filePath(QStringLiteral("formulaire-securite-sociale.png")), Section::SecuriteSociale,
              QStringLiteral("boutonNouveauSS")},
+            {dossier.filePath(QStringLiteral("versements-pole-emploi.png")), Section::PoleEmploi,
+             QStringLiteral("boutonVersements")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

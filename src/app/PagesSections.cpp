@@ -6,6 +6,7 @@
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/securite/SectionSecuriteSociale.h"
+#include "app/poleemploi/SectionPoleEmploi.h"
 
 namespace corvane::app {
 
@@ -21,6 +22,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionEmployeurs(environnement, parent);
     case Section::SecuriteSociale:
         return new SectionSecuriteSociale(environnement, parent);
+    case Section::PoleEmploi:
+        return new SectionPoleEmploi(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

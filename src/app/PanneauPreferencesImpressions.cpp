@@ -26,6 +26,11 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
         {QStringLiteral("Sécurité Sociale"),
          {{Cle::SecuriteSocialeImpressionsVerificationDroits, QStringLiteral("Vérification des droits")},
           {Cle::SecuriteSocialeImpressionsListePeriodes, QStringLiteral("Liste de toutes les périodes")}}},
+        {QStringLiteral("Pôle Emploi"),
+         {{Cle::PoleEmploiImpressionsCompteRendu, QStringLiteral("Compte rendu")},
+          {Cle::PoleEmploiImpressionsAllocations, QStringLiteral("Allocation journalière")},
+          {Cle::PoleEmploiImpressionsPeriode, QStringLiteral("Période analysée")},
+          {Cle::PoleEmploiImpressionsHeures, QStringLiteral("Heures par emploi")}}},
     };
     return liste;
 }

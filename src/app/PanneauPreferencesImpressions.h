@@ -9,8 +9,8 @@
 namespace corvane::app {
 
 // "Impressions": what the printed reports hold. One check box per part of the profile
-// summary, the employers report and the contracts report; each is written as soon as
-// it changes.
+// summary, the employers report, the contracts report and the rights report; each is
+// written as soon as it changes.
 class PanneauPreferencesImpressions : public QWidget
 {
     Q_OBJECT

@@ -7,11 +7,13 @@
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
 #include "exchange/RapportSecuriteSociale.h"
+#include "exchange/RapportSimulation.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Contrats.h"
 #include "store/Fichiers.h"
 #include "store/Functions.h"
 #include "store/Horloge.h"
+#include "unemployment/ComptageHeures.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -24,7 +26,7 @@ namespace {
 const QStringList& rapports()
 {
     static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats"),
-                                   QStringLiteral("securite-sociale")};
+                                   QStringLiteral("securite-sociale"), QStringLiteral("simulation")};
     return liste;
 }
 
@@ -46,6 +48,32 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
     return liste;
 }
 
+// The rights report's parts, which `--sans` names for `--rapport simulation`.
+const QList<QPair<QString, bool ChoixRapportDroits::*>>& partiesDroits()
+{
+    static const QList<QPair<QString, bool ChoixRapportDroits::*>> liste{
+        {"compte-rendu", &ChoixRapportDroits::compteRendu},
+        {"allocations", &ChoixRapportDroits::allocations},
+        {"periode", &ChoixRapportDroits::periode},
+        {"heures", &ChoixRapportDroits::heures},
+    };
+    return liste;
+}
+
+// Leaves the named part of the rights report out; the refusal when no part has that name.
+QString sansPartieDroits(const QString& nom, ChoixRapportDroits& choix)
+{
+    QStringList noms;
+    for (const auto& [partie, membre] : partiesDroits()) {
+        if (partie == nom) {
+            choix.*membre = false;
+            return {};
+        }
+        noms << partie;
+    }
+    return QStringLiteral("partie inconnue : « %1 » (choix : %2)").arg(nom, noms.join(", "));
+}
+
 class CommandePdf : public Commande
 {
 public:
@@ -53,15 +81,16 @@ public:
     bool metEnPage() const override { return true; }
     QString usage() const override
     {
-        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale --sortie CHEMIN.pdf "
-                              "[--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ]");
+        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale|simulation --sortie "
+                              "CHEMIN.pdf [--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ] [--du "
+                              "AAAA-MM-JJ --au AAAA-MM-JJ --contrats tous|effectues|planifies --ij]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
     {
         Arguments arguments;
         int code = Succes;
-        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}};
+        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}, {"contrats"}, {"ij", false}};
         options << optionsFiltreContrats();
         if (!analyser(contexte, arguments, liste, options, 1, &code))
             return code;
@@ -71,8 +100,15 @@ public:
         if (!rapports().contains(rapport))
             return mauvaisUsage(
                 contexte, QStringLiteral("rapport inconnu : « %1 » (choix : %2)").arg(rapport, rapports().join(", ")));
+        const bool droits = rapport == QStringLiteral("simulation");
         ChoixImpressions choix;
+        ChoixRapportDroits choixDroits;
         for (const QString& partie : arguments.valeur("sans").split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+            if (droits) {
+                if (const QString refus = sansPartieDroits(partie.trimmed(), choixDroits); !refus.isEmpty())
+                    return mauvaisUsage(contexte, refus);
+                continue;
+            }
             const auto trouvee = std::find_if(parties().cbegin(), parties().cend(),
                                               [&](const auto& p) { return p.first == partie.trimmed(); });
             if (trouvee == parties().cend()) {
@@ -88,8 +124,18 @@ public:
             else
                 choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = false;
         }
-        const bool filtre = std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(),
-                                        [&](const OptionAttendue& o) { return arguments.contient(o.nom); });
+        // The rights report takes the range of the simulation, --du and --au, and nothing else of the filter.
+        const bool filtre =
+            std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(), [&](const OptionAttendue& o) {
+                return arguments.contient(o.nom) &&
+                       !(droits && (o.nom == QStringLiteral("du") || o.nom == QStringLiteral("au")));
+            });
+        if (!droits && (arguments.contient("contrats") || arguments.contient("ij")))
+            return mauvaisUsage(
+                contexte, QStringLiteral("les options --contrats et --ij ne valent que pour --rapport simulation"));
+        std::optional<PlageDeDroits> plage;
+        if (droits && !(plage = lirePlageDeDroits(contexte, arguments, &code)))
+            return code;
         if (filtre && rapport != QStringLiteral("contrats"))
             return mauvaisUsage(contexte,
                                 QStringLiteral("les options de filtre ne valent que pour --rapport contrats"));
@@ -127,6 +173,14 @@ public:
                 jour = Functions::retrouveDatePrefereeFromFile(QStringLiteral("securite_sociale_verification"), chemin)
                            .date();
             lu = composerRapportSecuriteSociale(compose, chemin, choix, jour.isValid() ? jour : Horloge::aujourdhui());
+        } else if (droits) {
+            nomPropose = nomRapportDroits(false, Horloge::aujourdhui());
+            DemandeDroits demande;
+            demande.du = plage->du;
+            demande.au = plage->au;
+            demande.contrats = int(ComptageHeures::conditionsDesContrats().indexOf(plage->conditionDesContrats));
+            demande.indemnitesJournalieres = arguments.contient("ij");
+            lu = composerRapportDroits(compose, chemin, choixDroits, demande);
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);

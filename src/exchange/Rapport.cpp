@@ -189,6 +189,14 @@ void Rapport::paragraphe(const QString& texte)
     ajouterTexte(texte, TailleCorps, false, 0, 4);
 }
 
+void Rapport::paragraphe(const QString& texte, bool gras, const QColor& couleur)
+{
+    QTextCharFormat format = formatTexte(TailleCorps, gras);
+    format.setForeground(couleur);
+    nouveauBloc(formatBloc(0, 4), format);
+    m_curseur.insertText(texte, format);
+}
+
 void Rapport::ligne(const QString& libelle, const QString& valeur)
 {
     ajouterTexte(texteLigne(libelle, valeur), TailleCorps, false, 0, 2);

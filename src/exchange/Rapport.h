@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QImage>
 #include <QList>
@@ -78,6 +79,8 @@ public:
     void sousSection(const QString& texte);
     // Body text; a "\n" starts a new paragraph.
     void paragraphe(const QString& texte);
+    // Body text in bold and/or in a colour of its own (a report's warnings and good news).
+    void paragraphe(const QString& texte, bool gras, const QColor& couleur);
     // "Libellé : valeur".
     void ligne(const QString& libelle, const QString& valeur);
     // The horizontal rule "ligne.png", across the page.

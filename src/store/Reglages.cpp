@@ -45,6 +45,10 @@ const QList<Definition>& definitions()
         {C::ContratsColonnes, "Contrats_Colonnes", QByteArray()}, // the list's header state
         {C::TdbSens, "TDB_Sens", QStringLiteral("ASC")},
         {C::PoleEmploiHistoriqueSens, "PoleEmploiHistorique_Sens", QStringLiteral("ASC")},
+        {C::PoleEmploiImpressionsCompteRendu, "PoleEmploi_ImpressionsCompteRendu", true},
+        {C::PoleEmploiImpressionsAllocations, "PoleEmploi_ImpressionsAllocations", true},
+        {C::PoleEmploiImpressionsPeriode, "PoleEmploi_ImpressionsPeriode", true},
+        {C::PoleEmploiImpressionsHeures, "PoleEmploi_ImpressionsHeures", true},
         {C::ContratsImpressionsListe, "Contrats_ImpressionsListe", true},
         {C::TdbImpressionsCompteRendu, "TDB_ImpressionsCompteRendu", true},
         {C::ProfilImpressionsPhoto, "Profil_ImpressionsPhoto", true},

@@ -19,19 +19,25 @@ int ActualisationMensuelle::joursNonCompensesPourTravail(const QString& professi
 
 int ActualisationMensuelle::nombreJoursIndemnisesDansLeMois(int mois, int annee)
 {
-    const QString profession = retrouveEmploiUtilisateur();
-    const QDate ouverture = retrouveDateOuvertureDroits().date();
+    return detailJoursIndemnisesDansLeMois(mois, annee).resultat();
+}
+
+DetailJoursIndemnises ActualisationMensuelle::detailJoursIndemnisesDansLeMois(int mois, int annee)
+{
+    DetailJoursIndemnises d;
+    d.profession = retrouveEmploiUtilisateur();
+    d.ouverture = retrouveDateOuvertureDroits().date();
     const QDate aujourdhui = Horloge::aujourdhui();
     const auto dansLeMois = [mois, annee](const QDate& jour) {
         return jour.isValid() && jour.year() == annee && jour.month() == mois;
     };
-    const bool ouvertureDansLeMois = dansLeMois(ouverture);
+    const bool ouvertureDansLeMois = dansLeMois(d.ouverture);
     const bool aujourdhuiDansLeMois = dansLeMois(aujourdhui);
 
     // One day filter only: the opening's wins when today falls in the same month.
     QString filtre;
     if (ouvertureDansLeMois)
-        filtre = QStringLiteral("AND (day >= '%1')").arg(ouverture.day());
+        filtre = QStringLiteral("AND (day >= '%1')").arg(d.ouverture.day());
     else if (aujourdhuiDansLeMois)
         filtre = QStringLiteral("AND (day <= '%1')").arg(aujourdhui.day());
     Requete r(m_db,
@@ -40,13 +46,14 @@ int ActualisationMensuelle::nombreJoursIndemnisesDansLeMois(int mois, int annee)
                              "SUM(c_nbre_heures) FROM contrats WHERE (year = '%1') AND (month = '%2') AND "
                              "(c_effectue = 1) %3 GROUP BY year, month ORDER BY year, month;")
                   .arg(QString::number(uint(annee)), QStringLiteral("%1").arg(mois, 2, 10, QLatin1Char('0')), filtre));
-    const int heures = r.suivante() ? int(r.entier(3)) : 0;
+    d.heures = r.suivante() ? int(r.entier(3)) : 0;
 
-    const int joursDuMois = joursDansLeMois(mois, annee);
+    d.joursDuMois = joursDansLeMois(mois, annee);
     // Both are taken off whichever filter was applied.
-    const int avantOuverture = ouvertureDansLeMois ? ouverture.day() - 1 : 0;
-    const int apresAujourdhui = aujourdhuiDansLeMois ? joursDuMois - aujourdhui.day() : 0;
-    return joursDuMois - avantOuverture - apresAujourdhui - joursNonCompensesPourTravail(profession, heures);
+    d.avantOuverture = ouvertureDansLeMois ? d.ouverture.day() - 1 : 0;
+    d.apresAujourdhui = aujourdhuiDansLeMois ? d.joursDuMois - aujourdhui.day() : 0;
+    d.nonCompenses = joursNonCompensesPourTravail(d.profession, d.heures);
+    return d;
 }
 
 int ActualisationMensuelle::nombreJoursIndemnisesDepuisLOuverture()

@@ -73,7 +73,8 @@ private slots:
         for (const DescriptionSection& d : sectionsNavigation())
             attendus << QStringLiteral("section-%1.png").arg(app::nomDeFichierSection(d.titre));
         // The windows opened from the menus, and the contract and social-security forms.
-        const QStringList fenetres{"profil.png", "periodes.png", "modeles-contrat.png", "preferences.png"};
+        const QStringList fenetres{"profil.png", "periodes.png", "modeles-contrat.png", "preferences.png",
+                                   "versements-pole-emploi.png"};
         attendus << fenetres << QStringLiteral("formulaire-contrat.png")
                  << QStringLiteral("formulaire-securite-sociale.png");
         attendus.sort();

@@ -12,6 +12,7 @@
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/poleemploi/SectionPoleEmploi.h"
 #include "app/profil/FenetreProfil.h"
 #include "commun/OutilsEcran.h"
 #include "exchange/ExportPdf.h"
@@ -21,6 +22,10 @@
 #include "records/OutilsContrats.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QListWidget>
 #include <QPdfDocument>
 #include <QPrinter>
 #include <QSpinBox>
@@ -308,6 +313,28 @@ private slots:
             }
         }
         QVERIFY(modifies.size() > 2);
+    }
+
+    // The Pôle Emploi section exports the rights report of the choices on screen, with the
+    // parts its settings keep; the monthly declaration has no report.
+    void poleEmploi()
+    {
+        m_banc->reglages.ecrire(Reglages::Cle::PoleEmploiImpressionsHeures, false);
+        SectionPoleEmploi section(m_banc->environnement);
+        section.setDocument(m_banc->document(&section));
+        section.findChild<QDateEdit*>(QStringLiteral("simulationDu"))->setDate(QDate(2024, 1, 1));
+        section.findChild<QDateEdit*>(QStringLiteral("simulationAu"))->setDate(QDate(2024, 12, 31));
+        section.findChild<QComboBox*>(QStringLiteral("choixContratsDroits"))->setCurrentIndex(1);
+        const QString texte =
+            exporterPdf(section, QStringLiteral("PoleEmploi"), QStringLiteral("Simulation des droits 21 11 2026"))
+                .join("\n")
+                .simplified();
+        QVERIFY2(texte.contains("Du 01/01/2024 au 31/12/2024, contrats effectués"), qPrintable(texte));
+        QVERIFY(texte.contains("Vous n'aurez effectué que 96 heure(s)"));
+        QVERIFY(texte.contains("Période analysée"));
+        QVERIFY(!texte.contains("Heures par emploi"));
+        section.choisirMode(SectionPoleEmploi::Declaration);
+        QVERIFY(!section.findChild<QPushButton*>(QStringLiteral("boutonExporterPdfPoleEmploi"))->isEnabled());
     }
 };
 

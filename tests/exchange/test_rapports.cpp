@@ -8,6 +8,7 @@
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
 #include "exchange/RapportSecuriteSociale.h"
+#include "exchange/RapportSimulation.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/Contrats.h"
@@ -356,6 +357,82 @@ private slots:
         QVERIFY(p.last().contains(QStringLiteral("Totaux")));
         QVERIFY(p.last().contains(QStringLiteral("Nombre de contrats : 2 000")));
         QVERIFY(p.last().contains(espacesSimples(Rapport::montant(contrats.totalBruts))));
+    }
+
+    // The rights report read back: the demand, the report's lines, the allocation and period
+    // tables and the hours, each behind its switch; and why nothing was computed.
+    void rapportDesDroits_data()
+    {
+        QTest::addColumn<QString>("sans");
+        QTest::addColumn<int>("contrats");
+        QTest::addColumn<QStringList>("presents");
+        QTest::addColumn<QStringList>("absents");
+        const QStringList compteRendu{"Compte rendu",
+                                      "Recherche des heures sur une période de référence de 365 jours, du 01/03/2024 "
+                                      "au 28/02/2025.",
+                                      "Vous aurez effectué suffisamment d'heures (600) au cours de cette période"};
+        const QStringList allocations{"Allocation journalière", "Libellé Montant", "Allocation brute 62,94 €"};
+        const QStringList periode{"Période analysée", "Depuis le 01/03/2024", "Jusqu'au 28/02/2025",
+                                  "Journées retenues 50"};
+        const QStringList heures{"Heures par emploi",
+                                 "Emploi Prestations Enseignements Formations",
+                                 "Artiste 600 0 0",
+                                 "Décompte des heures",
+                                 "Total des heures retenues 600",
+                                 "Heures requises 507"};
+        QTest::newRow("tout") << QString() << 0 << compteRendu + allocations + periode + heures << QStringList{};
+        QTest::newRow("sans compte rendu") << "compteRendu" << 0 << allocations + periode + heures << compteRendu;
+        QTest::newRow("sans allocations") << "allocations" << 0 << compteRendu + periode + heures << allocations;
+        QTest::newRow("sans période") << "periode" << 0 << compteRendu + allocations + heures << periode;
+        QTest::newRow("sans heures") << "heures" << 0 << compteRendu + allocations + periode << heures;
+        QTest::newRow("aucun contrat prévu")
+            << QString() << 2
+            << QStringList{"Du 01/03/2024 au 28/02/2025, contrats prévus",
+                           "Aucun contrat prévu pris en compte pour vos droits ne commence entre le 01/03/2024 et le "
+                           "28/02/2025"}
+            << QStringList{"Compte rendu", "Allocation brute"};
+    }
+
+    void rapportDesDroits()
+    {
+        QFETCH(QString, sans);
+        QFETCH(int, contrats);
+        QFETCH(QStringList, presents);
+        QFETCH(QStringList, absents);
+        // A performer's ten 60-hour performances of 1 500 € from April to December 2024.
+        static const QString document = [this] {
+            const QString chemin = documentContrats(m_dossier, QStringLiteral("droits.cv4"));
+            for (int i = 0; i < 10; ++i) {
+                const QDate jour = QDate(2024, 4, 2).addDays(25 * i);
+                ajouterContrat(chemin, {1, jour, jour.addDays(4), 60, 5, 1500.0, 1170.0});
+            }
+            return chemin;
+        }();
+        ChoixRapportDroits choix;
+        const QMap<QString, bool ChoixRapportDroits::*> membres{{"compteRendu", &ChoixRapportDroits::compteRendu},
+                                                                {"allocations", &ChoixRapportDroits::allocations},
+                                                                {"periode", &ChoixRapportDroits::periode},
+                                                                {"heures", &ChoixRapportDroits::heures}};
+        if (!sans.isEmpty())
+            choix.*membres.value(sans) = false;
+        DemandeDroits demande;
+        demande.du = QDate(2024, 3, 1);
+        demande.au = QDate(2025, 2, 28);
+        demande.contrats = contrats;
+        QString fichier;
+        const QStringList p =
+            pages([&](Rapport& r) { return composerRapportDroits(r, document, choix, demande); }, &fichier);
+        // Lines wrapped in the page read back as one.
+        const QString texte = p.join("\n").simplified();
+        QVERIFY2(texte.startsWith("Simulation des droits"), qPrintable(texte));
+        for (const QString& present : presents)
+            QVERIFY2(texte.contains(present), qPrintable(present + "\n---\n" + texte));
+        for (const QString& absent : absents)
+            QVERIFY2(!texte.contains(absent), qPrintable(absent + "\n---\n" + texte));
+        verifierPieds(p, QStringLiteral("Jeanne Dupont"));
+        QPdfDocument pdf;
+        QCOMPARE(pdf.load(fichier), QPdfDocument::Error::None);
+        QCOMPARE(pdf.metaData(QPdfDocument::MetaDataField::Title).toString(), QStringLiteral("Simulation des droits"));
     }
 };
 
