@@ -5,6 +5,7 @@
 #include "app/SectionFichiers.h"
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/tableaudebord/SectionTableauDeBord.h"
 
 namespace corvane::app {
 
@@ -12,6 +13,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
 {
     Q_UNUSED(environnement);
     switch (section) {
+    case Section::TableauDeBord:
+        return new SectionTableauDeBord(environnement, parent);
     case Section::Fichiers:
         return new SectionFichiers(parent);
     case Section::Contrats:

@@ -8,9 +8,9 @@
 
 namespace corvane::app {
 
-// "Impressions": what the printed reports hold. One check box per part of the profile
-// summary, the employers report and the contracts report; each is written as soon as
-// it changes.
+// "Impressions": what the printed reports hold. One check box per part of the dashboard's
+// report, the profile summary, the employers report and the contracts report; each is
+// written as soon as it changes.
 class PanneauPreferencesImpressions : public QWidget
 {
     Q_OBJECT
