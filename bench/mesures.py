@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Whole-process measurements on generated careers: the command line's JSON listing against
-sqlite3 running the same statements, its peak memory, and the desktop program's start-up to
-its first painted window (on the contracts section, then on the Pôle Emploi section) with its
-peak memory.
+sqlite3 running the same statements, its peak memory, the desktop program's start-up to
+its first painted window (on the contracts section, the Pôle Emploi section, then the
+dashboard) with its peak memory, and the command line's whole-file export.
 
     python3 bench/mesures.py [--liste] [--tours N] [BUILD_DIR]        (default: build)
 
@@ -112,6 +112,15 @@ def main():
         duree, pic = serie([corvane, documents[5000]], env, attendre="peinte")
         print(f"corvane, 5 000 contrats, section Pôle Emploi : première fenêtre peinte en {duree * 1000:.0f} ms, "
               f"pic mémoire {pic:.0f} Mo")
+        # The dashboard, the section a new user sees first, and its whole-file export of three PDFs.
+        with open(os.path.join(maison, ".config", "Corvane", "Corvane.conf"), "w") as f:
+            f.write("[General]\nLastTabUsed=0\nOpenLastTab=true\nConfiguration_FichierSauvegardeAuto=false\n")
+        duree, pic = serie([corvane, documents[5000]], env, attendre="peinte")
+        print(f"corvane, 5 000 contrats, tableau de bord : première fenêtre peinte en {duree * 1000:.0f} ms, "
+              f"pic mémoire {pic:.0f} Mo")
+        duree, pic = serie([ligne_de_commande, "pdf", documents[5000], "--dossier", "--sortie",
+                            os.path.join(dossier, "export")])
+        print(f"pdf --dossier, 5 000 contrats : trois rapports en {duree * 1000:.0f} ms, pic mémoire {pic:.0f} Mo")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 #include "app/ControleurApplication.h"
 
 #include "app/AssistantNouveauDocument.h"
+#include "app/ExportDossierPdf.h"
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
 #include "app/PanneauPreferencesImpressions.h"
@@ -23,6 +24,7 @@
 #include "store/Verrou.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -32,6 +34,7 @@
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
+#include <QUrl>
 
 namespace corvane::app {
 
@@ -51,6 +54,7 @@ QString documents()
 
 ControleurApplication::ControleurApplication(Reglages& reglages, Dialogues& dialogues, FenetrePrincipale& fenetre)
     : QObject(&fenetre), m_reglages(reglages), m_dialogues(dialogues), m_fenetre(fenetre),
+      m_ouvrirDossier([](const QString& dossier) { QDesktopServices::openUrl(QUrl::fromLocalFile(dossier)); }),
       m_paletteSysteme(QApplication::palette())
 {
     connecter();
@@ -90,6 +94,7 @@ void ControleurApplication::connecter()
     connect(&m_fenetre, &FenetrePrincipale::autreDocumentDemande, this, &ControleurApplication::ouvrirAutreDocument);
     connect(&m_fenetre, &FenetrePrincipale::fermetureDocumentDemandee, this, &ControleurApplication::fileWillClose);
     connect(&m_fenetre, &FenetrePrincipale::sauvegardeDemandee, this, &ControleurApplication::sauvegarderMaintenant);
+    connect(&m_fenetre, &FenetrePrincipale::exportDossierDemande, this, &ControleurApplication::exportPDFDossier);
     connect(&m_fenetre, &FenetrePrincipale::preferencesDemandees, this, &ControleurApplication::showPreferences);
     connect(&m_fenetre, &FenetrePrincipale::fenetreDemandee, this, &ControleurApplication::ouvrirFenetre);
     connect(m_fenetre.sectionVerrou(), &SectionVerrou::deverrouille, this, [this] {
@@ -229,6 +234,19 @@ void ControleurApplication::sauvegarderMaintenant()
     Sauvegardes::copieDeSauvegardeWithFile(m_document, m_dialogues, m_reglages);
     majSectionFichiers();
     majAlertes();
+}
+
+QString ControleurApplication::exportPDFDossier()
+{
+    if (m_verrouille)
+        return {};
+    // The reports are read from the document, not from the screens: the section shown stays.
+    const Section affichee = m_fenetre.sectionAffichee();
+    const QString dossier = exporterDossierPdf(m_fenetre.environnement(), m_document);
+    m_fenetre.afficherSection(affichee);
+    if (!dossier.isEmpty() && m_ouvrirDossier)
+        m_ouvrirDossier(dossier);
+    return dossier;
 }
 
 AssistantNouveauDocument* ControleurApplication::showAssistant()

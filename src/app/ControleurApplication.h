@@ -7,6 +7,7 @@
 #include <QPalette>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 class QDialog;
@@ -67,6 +68,12 @@ public:
     QDialog* ouvrirFenetre(FenetreDossier quoi);
     // The backup copy made now, from the files section or the menu.
     void sauvegarderMaintenant();
+    // "Exporter tout le dossier en PDF": the three reports into the document's folder of the
+    // storage folder, which is then opened in the file manager. Returns that folder ("" when
+    // nothing was written).
+    QString exportPDFDossier();
+    // How a folder is shown in the file manager; tests replace it, so that nothing opens.
+    void setOuvreurDeDossier(std::function<void(const QString&)> ouvreur) { m_ouvrirDossier = std::move(ouvreur); }
 
     // The lock panel under the toolbar button, and the password change it leads to.
     PopoverVerrou* showLockPopOver();
@@ -91,6 +98,7 @@ private:
     bool m_verrouille = false;
     QStringList m_documentsTransmis;
     bool m_transmissionPrevue = false;
+    std::function<void(const QString&)> m_ouvrirDossier;
     // The palette the platform gave, restored when the user goes back to the system's appearance.
     QPalette m_paletteSysteme;
 };

@@ -136,6 +136,8 @@ void FenetrePrincipale::construireMenus()
     fichier->addSeparator();
     ajouter(fichier, QStringLiteral("actionSauvegarder"), QStringLiteral("Faire une &copie de sauvegarde"),
             QKeySequence(), &FenetrePrincipale::sauvegardeDemandee);
+    ajouter(fichier, QStringLiteral("actionExporterDossier"), QStringLiteral("&Exporter tout le dossier en PDF"),
+            QKeySequence(), &FenetrePrincipale::exportDossierDemande);
     fichier->addSeparator();
     ajouter(fichier, QStringLiteral("actionPreferences"), QStringLiteral("&Préférences…"),
             QKeySequence(QStringLiteral("Ctrl+,")), &FenetrePrincipale::preferencesDemandees)

@@ -71,6 +71,7 @@ signals:
     void autreDocumentDemande();
     void fermetureDocumentDemandee();
     void sauvegardeDemandee();
+    void exportDossierDemande();
     void preferencesDemandees();
     void fenetreDemandee(corvane::app::FenetreDossier fenetre);
 

@@ -49,6 +49,12 @@ void PageSection::tablesModifiees(const QSet<QString>& tables)
     rechargerSiVisible();
 }
 
+void PageSection::perimer()
+{
+    m_perimee = true;
+    rechargerSiVisible();
+}
+
 void PageSection::rechargerSiVisible()
 {
     if (!m_perimee || !isVisible())

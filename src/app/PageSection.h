@@ -36,6 +36,8 @@ protected:
     virtual QSet<QString> tablesLues() const { return {}; }
     // Reads the document (or clears the page when there is none).
     virtual void recharger() {}
+    // What the page shows is out of date for another reason than a write (the day changed).
+    void perimer();
     void showEvent(QShowEvent* evenement) override;
 
 private:

@@ -7,6 +7,7 @@
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/securite/SectionSecuriteSociale.h"
 #include "app/poleemploi/SectionPoleEmploi.h"
+#include "app/tableaudebord/SectionTableauDeBord.h"
 
 namespace corvane::app {
 
@@ -14,6 +15,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
 {
     Q_UNUSED(environnement);
     switch (section) {
+    case Section::TableauDeBord:
+        return new SectionTableauDeBord(environnement, parent);
     case Section::Fichiers:
         return new SectionFichiers(parent);
     case Section::Contrats:

@@ -12,6 +12,11 @@ using Cle = Reglages::Cle;
 const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpressions::groupes()
 {
     static const QList<Groupe> liste{
+        {QStringLiteral("Tableau de bord"),
+         {{Cle::TdbImpressionsCompteRendu, QStringLiteral("Compte rendu de la période")},
+          {Cle::TdbImpressionsJourJ, QStringLiteral("Situation au jour de l'impression")},
+          {Cle::TdbImpressionsListeContrats, QStringLiteral("Activité détaillée sur la période")},
+          {Cle::TdbImpressionsJoursHeures, QStringLiteral("Jours et heures de chaque ligne")}}},
         {QStringLiteral("Relevé d'informations"),
          {{Cle::ProfilImpressionsPhoto, QStringLiteral("Photo")},
           {Cle::ProfilImpressionsEtatCivil, QStringLiteral("État civil")},

@@ -8,8 +8,9 @@
 
 namespace corvane::app {
 
-// "Impressions": what the printed reports hold. One check box per part of the profile
-// summary, the employers report, the contracts report and the rights report; each is
+// "Impressions": what the printed reports hold. One check box per part of the dashboard's
+// report, the profile summary, the employers report, the contracts report, the rights report
+// and the social-security report; each is
 // written as soon as it changes.
 class PanneauPreferencesImpressions : public QWidget
 {

@@ -1,5 +1,5 @@
 // `pdf FICHIER --rapport R --sortie CHEMIN.pdf`: a screen's report, written as the
-// screen exports it.
+// screen exports it; `pdf FICHIER --dossier --sortie DOSSIER`: the whole-file export.
 
 #include "cli/CommandeContrat.h"
 #include "cli/Commandes.h"
@@ -8,6 +8,8 @@
 #include "exchange/Rapport.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
+#include "exchange/RapportTableauDeBord.h"
+#include "exchange/RapportsDossier.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Contrats.h"
 #include "store/Fichiers.h"
@@ -17,6 +19,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonObject>
 
 namespace corvane::cli {
@@ -26,7 +29,8 @@ namespace {
 const QStringList& rapports()
 {
     static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats"),
-                                   QStringLiteral("securite-sociale"), QStringLiteral("simulation")};
+                                   QStringLiteral("securite-sociale"), QStringLiteral("simulation"),
+                                   QStringLiteral("tableau-de-bord")};
     return liste;
 }
 
@@ -35,6 +39,9 @@ const QStringList& rapports()
 const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
 {
     static const QList<QPair<QString, bool ChoixImpressions::*>> liste{
+        {"compte-rendu", &ChoixImpressions::compteRenduTdb}, // the dashboard's
+        {"jour-j", &ChoixImpressions::jourJTdb},
+        {"jours-heures", &ChoixImpressions::joursHeuresTdb},
         {"photo", &ChoixImpressions::photo},
         {"etat-civil", &ChoixImpressions::etatCivil},
         {"personnelles", &ChoixImpressions::personnelles},
@@ -81,9 +88,10 @@ public:
     bool metEnPage() const override { return true; }
     QString usage() const override
     {
-        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale|simulation --sortie "
-                              "CHEMIN.pdf [--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ] [--du "
-                              "AAAA-MM-JJ --au AAAA-MM-JJ --contrats tous|effectues|planifies --ij]");
+        return QStringLiteral("pdf FICHIER (--rapport profil|employeurs|contrats|securite-sociale|simulation|"
+                              "tableau-de-bord --sortie CHEMIN.pdf | --dossier --sortie DOSSIER) [--sans PARTIE,…] "
+                              "[options de contrat lister] [--date AAAA-MM-JJ] [--du AAAA-MM-JJ --au AAAA-MM-JJ "
+                              "--contrats tous|effectues|planifies --ij]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
@@ -92,8 +100,11 @@ public:
         int code = Succes;
         QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}, {"contrats"}, {"ij", false}};
         options << optionsFiltreContrats();
+        options << OptionAttendue{QStringLiteral("dossier"), false};
         if (!analyser(contexte, arguments, liste, options, 1, &code))
             return code;
+        if (arguments.contient("dossier"))
+            return exporterDossier(contexte, arguments);
         if (!arguments.exiger({"rapport", "sortie"}))
             return mauvaisUsage(contexte, arguments.erreur());
         const QString rapport = arguments.valeur("rapport");
@@ -181,6 +192,11 @@ public:
             demande.contrats = int(ComptageHeures::conditionsDesContrats().indexOf(plage->conditionDesContrats));
             demande.indemnitesJournalieres = arguments.contient("ij");
             lu = composerRapportDroits(compose, chemin, choixDroits, demande);
+        } else if (rapport == QStringLiteral("tableau-de-bord")) {
+            nomPropose = nomRapportTableauDeBord(Horloge::aujourdhui());
+            // `--sans liste` leaves out the dashboard's list too.
+            choix.listeTdb = choix.listeContrats;
+            lu = composerRapportTableauDeBord(compose, chemin, choix);
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);
@@ -206,6 +222,81 @@ public:
     }
 
 private:
+    // The whole-file export's three reports, written into the folder `--sortie` names (created
+    // when missing), every part printed but those `--sans` leaves out.
+    int exporterDossier(Contexte& contexte, Arguments& arguments)
+    {
+        if (!arguments.exiger({"sortie"}))
+            return mauvaisUsage(contexte, arguments.erreur());
+        for (const QString& seule : QStringList{"rapport"} + noms(optionsFiltreContrats()))
+            if (arguments.contient(seule))
+                return mauvaisUsage(contexte, QStringLiteral("l'option --%1 ne vaut pas pour --dossier").arg(seule));
+        ChoixImpressions choix;
+        for (const QString& partie : arguments.valeur("sans").split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+            const auto trouvee = std::find_if(parties().cbegin(), parties().cend(),
+                                              [&](const auto& p) { return p.first == partie.trimmed(); });
+            if (trouvee == parties().cend())
+                return mauvaisUsage(contexte, QStringLiteral("partie inconnue : « %1 » (choix : %2)")
+                                                  .arg(partie.trimmed(), nomsDesParties().join(", ")));
+            if (trouvee->second)
+                choix.*(trouvee->second) = false;
+            else
+                choix.listeEmployeurs = choix.listeTdb = false;
+        }
+        int code = Succes;
+        const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
+        if (!documentAJour(contexte, chemin, &code))
+            return code;
+        const QString dossier = QFileInfo(arguments.valeur("sortie")).absoluteFilePath();
+        if (QFileInfo(dossier).exists() && !QFileInfo(dossier).isDir())
+            return echec(contexte,
+                         QStringLiteral("« %1 » n'est pas un dossier.").arg(QDir::toNativeSeparators(dossier)));
+        const QList<RapportDuDossier> rapports = rapportsDuDossier(chemin, choix);
+        for (const RapportDuDossier& r : rapports)
+            if (QDir(dossier).filePath(r.nom + QStringLiteral(".pdf")) == chemin)
+                return echec(contexte, QStringLiteral("le rapport ne peut pas remplacer le document lui-même."));
+        if (!QDir().mkpath(dossier))
+            return echec(
+                contexte,
+                QStringLiteral("le dossier « %1 » n'a pas pu être créé.").arg(QDir::toNativeSeparators(dossier)));
+
+        QJsonArray fichiers;
+        for (const RapportDuDossier& r : rapports) {
+            Rapport compose;
+            if (!r.composer(compose))
+                return echec(contexte, QStringLiteral("le document « %1 » ne peut pas être lu.").arg(chemin));
+            const QString sortie = QDir(dossier).filePath(r.nom + QStringLiteral(".pdf"));
+            QString erreur;
+            int pages = 0;
+            if (!ExportPdf::ecrirePdf(compose.document(), sortie, &erreur, &pages))
+                return echec(contexte, QStringLiteral("le PDF « %1 » n'a pas pu être écrit : %2")
+                                           .arg(QDir::toNativeSeparators(sortie), erreur));
+            fichiers.append(QJsonObject{{"fichier", sortie}, {"pages", pages}, {"nom", r.nom}});
+            if (!contexte.json)
+                contexte.sortie << "Rapport « " << r.nom << " » écrit dans " << QDir::toNativeSeparators(sortie) << " ("
+                                << pages << " page" << (pages > 1 ? "s" : "") << ")." << Qt::endl;
+        }
+        if (contexte.json)
+            ecrireJson(contexte, {{"dossier", dossier}, {"fichiers", fichiers}});
+        return Succes;
+    }
+
+    static QStringList noms(const QList<OptionAttendue>& options)
+    {
+        QStringList liste;
+        for (const OptionAttendue& o : options)
+            liste << o.nom;
+        return liste;
+    }
+
+    static QStringList nomsDesParties()
+    {
+        QStringList liste;
+        for (const auto& p : parties())
+            liste << p.first;
+        return liste;
+    }
+
     // A current-generation document, with its password when it is protected. Nothing is
     // written to it, so its pages are not checked.
     static bool documentAJour(Contexte& contexte, const QString& chemin, int* code)

@@ -137,6 +137,10 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
 {
     using Cle = Reglages::Cle;
     ChoixImpressions c;
+    c.compteRenduTdb = reglages.booleen(Cle::TdbImpressionsCompteRendu);
+    c.jourJTdb = reglages.booleen(Cle::TdbImpressionsJourJ);
+    c.listeTdb = reglages.booleen(Cle::TdbImpressionsListeContrats);
+    c.joursHeuresTdb = reglages.booleen(Cle::TdbImpressionsJoursHeures);
     c.photo = reglages.booleen(Cle::ProfilImpressionsPhoto);
     c.etatCivil = reglages.booleen(Cle::ProfilImpressionsEtatCivil);
     c.personnelles = reglages.booleen(Cle::ProfilImpressionsPersonnelles);

@@ -14,6 +14,12 @@ struct FiltreContrats;
 // settings), so that the reports can be composed without the settings store.
 struct ChoixImpressions
 {
+    // The dashboard's report: the period's figures, today's situation (hours, rights, reference
+    // period), the list of the period's activity, and the days and hours of each line of it.
+    bool compteRenduTdb = true;
+    bool jourJTdb = true;
+    bool listeTdb = true;
+    bool joursHeuresTdb = true;
     // The printed summary of the profile.
     bool photo = true;
     bool etatCivil = true;

@@ -51,6 +51,12 @@ const QList<Definition>& definitions()
         {C::PoleEmploiImpressionsHeures, "PoleEmploi_ImpressionsHeures", true},
         {C::ContratsImpressionsListe, "Contrats_ImpressionsListe", true},
         {C::TdbImpressionsCompteRendu, "TDB_ImpressionsCompteRendu", true},
+        {C::TdbImpressionsJourJ, "TDB_ImpressionsJourJ", true},
+        {C::TdbImpressionsListeContrats, "TDB_ImpressionsListeContrats", true},
+        {C::TdbImpressionsJoursHeures, "TDB_ImpressionsJoursHeures", true},
+        // The dashboard's "Période" figures and list stop at the current period's end instead of today.
+        {C::TdbBloquePeriode, "TDB_BloquePeriode", false},
+        {C::TdbColonnes, "TDB_Colonnes", QByteArray()}, // the dashboard list's header state
         {C::ProfilImpressionsPhoto, "Profil_ImpressionsPhoto", true},
         {C::ProfilImpressionsEtatCivil, "Profil_ImpressionsEtatCivil", true},
         {C::ProfilImpressionsPersonnelles, "Profil_ImpressionsPersonnelles", true},

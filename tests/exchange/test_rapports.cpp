@@ -9,6 +9,7 @@
 #include "exchange/Rapport.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
+#include "exchange/RapportTableauDeBord.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/Contrats.h"
@@ -433,6 +434,53 @@ private slots:
         QPdfDocument pdf;
         QCOMPARE(pdf.load(fichier), QPdfDocument::Error::None);
         QCOMPARE(pdf.metaData(QPdfDocument::MetaDataField::Title).toString(), QStringLiteral("Simulation des droits"));
+    }
+
+    // "Activité dans la période de référence" and its four parts. Rights opened 2024-03-01 and
+    // ended 2025-03-01: only the opera's March contract is in the period.
+    void tableauDeBord_data()
+    {
+        QTest::addColumn<QList<bool>>("parties"); // compte rendu, jour J, liste, jours et heures
+        QTest::addColumn<QStringList>("presents");
+        QTest::addColumn<QStringList>("absents");
+        const QString ligne = QStringLiteral("04/03/2024 08/03/2024 Prestations Opéra de Lyon");
+        cas("every part", QList<bool>{true, true, true, true},
+            QStringList{"Du 01/03/2024 au 23/11/2026", "Compte rendu", "Jours : 5", "Bruts : 2 500,00 €",
+                        "Nets : 1 950,00 €", "Jours suspendus : 0", "Situation au 23/11/2026",
+                        "60 heures effectuées sur 507", "447 heures à réaliser avant le réexamen des droits",
+                        "Fin de droits au 01/03/2025", "Période indemnisée", "Terminée !",
+                        "Début Fin Type Note Jours Heures", ligne + " 5 jours 60 heures", "Totaux 5 jours 60 heures"},
+            QStringList{"08/01/2024", "Théâtre"});
+        cas("no figures", QList<bool>{false, true, true, true}, QStringList{"Situation au", ligne},
+            QStringList{"Compte rendu", "Nets"});
+        cas("no situation", QList<bool>{true, false, true, true}, QStringList{"Jours : 5", ligne},
+            QStringList{"Situation au", "effectuées", "Terminée"});
+        cas("no list", QList<bool>{true, true, false, true}, QStringList{"Jours : 5"},
+            QStringList{"Activité détaillée", "04/03/2024", "Totaux"});
+        cas("no days nor hours", QList<bool>{true, true, true, false}, QStringList{ligne, "Début Fin Type Note"},
+            QStringList{"5 jours 60 heures", "Totaux"});
+    }
+
+    void tableauDeBord()
+    {
+        QFETCH(QList<bool>, parties);
+        QFETCH(QStringList, presents);
+        QFETCH(QStringList, absents);
+        ChoixImpressions choix;
+        choix.compteRenduTdb = parties[0];
+        choix.jourJTdb = parties[1];
+        choix.listeTdb = parties[2];
+        choix.joursHeuresTdb = parties[3];
+        const QStringList p = pages([&](Rapport& r) { return composerRapportTableauDeBord(r, m_emplois, choix); });
+        const QString texte = p.join("\n");
+        QVERIFY2(texte.startsWith("Activité dans la période de référence"), qPrintable(texte));
+        for (const QString& present : presents)
+            QVERIFY2(texte.contains(present), qPrintable(present + "\n---\n" + texte));
+        for (const QString& absent : absents)
+            QVERIFY2(!texte.contains(absent), qPrintable(absent + "\n---\n" + texte));
+        verifierPieds(p, QStringLiteral("Jeanne Dupont"));
+        QCOMPARE(nomRapportTableauDeBord(QDate(2026, 3, 5)),
+                 QStringLiteral("Activité dans la période de référence 2026 3 5"));
     }
 };
 
