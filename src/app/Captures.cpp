@@ -46,8 +46,13 @@ QWidget* preparer(FenetrePrincipale& fenetre, const Prise& prise)
                 return d;
         return nullptr;
     }
-    if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande))
+    if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande)) {
         bouton->click();
+        // A button that opens a window of its own: that window is pictured.
+        for (QDialog* d : fenetre.findChildren<QDialog*>())
+            if (d->isVisible())
+                return d;
+    }
     return &fenetre;
 }
 
@@ -118,6 +123,10 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonNouveauContrat")},
             {dossier.filePath(QStringLiteral("formulaire-securite-sociale.png")), Section::SecuriteSociale,
              QStringLiteral("boutonNouveauSS")},
+            {dossier.filePath(QStringLiteral("versements-conges.png")), Section::Conges,
+             QStringLiteral("boutonHistoriqueConges")},
+            {dossier.filePath(QStringLiteral("auto-entrepreneur.png")), Section::Fiscalite,
+             QStringLiteral("boutonAutoEntrepreneur")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

@@ -6,6 +6,8 @@
 
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
+#include "exchange/RapportConges.h"
+#include "exchange/RapportFiscalite.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Contrats.h"
@@ -23,8 +25,9 @@ namespace {
 
 const QStringList& rapports()
 {
-    static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats"),
-                                   QStringLiteral("securite-sociale")};
+    static const QStringList liste{QStringLiteral("profil"),   QStringLiteral("employeurs"),
+                                   QStringLiteral("contrats"), QStringLiteral("securite-sociale"),
+                                   QStringLiteral("conges"),   QStringLiteral("fiscalite")};
     return liste;
 }
 
@@ -40,8 +43,9 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
         {"auto-entrepreneur", &ChoixImpressions::autoEntrepreneur},
         {"rib", &ChoixImpressions::rib},
         {"liste", nullptr}, // the employers', the contracts' or the social-security periods' list
-        {"cumuls", &ChoixImpressions::cumulsEmployeurs},
+        {"cumuls", &ChoixImpressions::cumulsEmployeurs}, // also the tax report's totals per employer
         {"droits", &ChoixImpressions::verificationDroits},
+        {"compte-rendu", &ChoixImpressions::congesCompteRendu}, // the paid-leave and the tax reports' summary
     };
     return liste;
 }
@@ -53,15 +57,16 @@ public:
     bool metEnPage() const override { return true; }
     QString usage() const override
     {
-        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale --sortie CHEMIN.pdf "
-                              "[--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ]");
+        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale|conges|fiscalite "
+                              "--sortie CHEMIN.pdf [--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ] "
+                              "[--annee A] [--du AAAA-MM-JJ --au AAAA-MM-JJ]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
     {
         Arguments arguments;
         int code = Succes;
-        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}};
+        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}, {"annee"}};
         options << optionsFiltreContrats();
         if (!analyser(contexte, arguments, liste, options, 1, &code))
             return code;
@@ -86,10 +91,18 @@ public:
             if (trouvee->second)
                 choix.*(trouvee->second) = false;
             else
-                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = false;
+                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = choix.congesListeContrats =
+                    choix.fiscaliteListeContrats = false;
         }
-        const bool filtre = std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(),
-                                        [&](const OptionAttendue& o) { return arguments.contient(o.nom); });
+        choix.fiscaliteTotauxEmployeurs = choix.cumulsEmployeurs;
+        choix.fiscaliteCompteRendu = choix.congesCompteRendu;
+        // --du and --au also give the period of the paid-leave and tax reports.
+        const bool conges = rapport == QStringLiteral("conges");
+        const bool fiscalite = rapport == QStringLiteral("fiscalite");
+        const bool filtre =
+            std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(), [&](const OptionAttendue& o) {
+                return arguments.contient(o.nom) && !((conges || fiscalite) && (o.nom == "du" || o.nom == "au"));
+            });
         if (filtre && rapport != QStringLiteral("contrats"))
             return mauvaisUsage(contexte,
                                 QStringLiteral("les options de filtre ne valent que pour --rapport contrats"));
@@ -102,6 +115,19 @@ public:
         const std::optional<QDate> verification = arguments.date("date");
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
+        // The leave year or a period; a tax year or a period.
+        const bool parDates = arguments.contient("du") || arguments.contient("au");
+        if (arguments.contient("annee") && !fiscalite)
+            return mauvaisUsage(contexte, QStringLiteral("l'option --annee ne vaut que pour --rapport fiscalite"));
+        if (fiscalite && arguments.contient("annee") == parDates)
+            return mauvaisUsage(contexte, QStringLiteral("donnez --annee, ou --du et --au"));
+        const auto annee = arguments.annee("annee");
+        const auto du = arguments.date("du");
+        const auto au = arguments.date("au");
+        if (arguments.enErreur())
+            return mauvaisUsage(contexte, arguments.erreur());
+        if (du && *au < *du)
+            return mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
 
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         const QString sortie = QFileInfo(arguments.valeur("sortie")).absoluteFilePath();
@@ -127,6 +153,17 @@ public:
                 jour = Functions::retrouveDatePrefereeFromFile(QStringLiteral("securite_sociale_verification"), chemin)
                            .date();
             lu = composerRapportSecuriteSociale(compose, chemin, choix, jour.isValid() ? jour : Horloge::aujourdhui());
+        } else if (conges) {
+            nomPropose = nomRapportConges(Horloge::aujourdhui());
+            lu = du ? composerRapportConges(compose, chemin, choix, QStringLiteral("PERIODE"), *du, *au)
+                    : composerRapportConges(compose, chemin, choix, QStringLiteral("COMPLET"));
+        } else if (fiscalite) {
+            nomPropose = nomRapportFiscalite(Horloge::aujourdhui());
+            DemandeFiscalite demande;
+            demande.annee = annee.value_or(0);
+            demande.du = du.value_or(QDate());
+            demande.au = au.value_or(QDate());
+            lu = composerRapportFiscalite(compose, chemin, choix, demande);
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);
