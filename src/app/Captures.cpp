@@ -48,9 +48,8 @@ QWidget* preparer(FenetrePrincipale& fenetre, const Prise& prise)
     }
     if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande)) {
         bouton->click();
-        // A button that opens a window: the window is pictured.
-        const QList<QDialog*> fenetres = fenetre.findChildren<QDialog*>();
-        for (QDialog* d : fenetres)
+        // A button that opens a window of its own: that window is pictured.
+        for (QDialog* d : fenetre.findChildren<QDialog*>())
             if (d->isVisible())
                 return d;
     }
@@ -126,6 +125,10 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonNouveauSS")},
             {dossier.filePath(QStringLiteral("versements-pole-emploi.png")), Section::PoleEmploi,
              QStringLiteral("boutonVersements")},
+            {dossier.filePath(QStringLiteral("versements-conges.png")), Section::Conges,
+             QStringLiteral("boutonHistoriqueConges")},
+            {dossier.filePath(QStringLiteral("auto-entrepreneur.png")), Section::Fiscalite,
+             QStringLiteral("boutonAutoEntrepreneur")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

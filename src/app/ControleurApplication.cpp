@@ -5,10 +5,12 @@
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
 #include "app/PanneauPreferencesImpressions.h"
+#include "app/PanneauPreferencesSites.h"
 #include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
 #include "app/employeurs/FenetreModeles.h"
+#include "app/fiscalite/FenetreAutoEntrepreneur.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
 #include "app/periodes/FenetrePeriodes.h"
 #include "app/profil/FenetreProfil.h"
@@ -265,6 +267,7 @@ FenetrePreferences* ControleurApplication::showPreferences()
     preferences->setAttribute(Qt::WA_DeleteOnClose);
     preferences->setFile(m_document);
     preferences->ajouterPanneau(QStringLiteral("Impressions"), new PanneauPreferencesImpressions(m_reglages));
+    preferences->ajouterPanneau(QStringLiteral("Sites internet"), new PanneauPreferencesSites(m_reglages));
     connect(preferences, &FenetrePreferences::reglagesModifies, this, [this] {
         majAlertes();
         appliquerApparence();
@@ -280,6 +283,7 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         {FenetreDossier::Periodes, QStringLiteral("Gestion des périodes")},
         {FenetreDossier::NouvellePeriode, QStringLiteral("Gestion des périodes")},
         {FenetreDossier::ModelesContrats, QStringLiteral("Modèles de contrat")},
+        {FenetreDossier::AutoEntrepreneur, QStringLiteral("Auto-entrepreneur")},
     };
     if (m_document.isEmpty() || m_verrouille) {
         if (m_document.isEmpty())
@@ -300,6 +304,9 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         break;
     case FenetreDossier::ModelesContrats:
         fenetre = new FenetreModeles(environnement, *m_documentOuvert, &m_fenetre);
+        break;
+    case FenetreDossier::AutoEntrepreneur:
+        fenetre = new FenetreAutoEntrepreneur(environnement, m_documentOuvert.get(), &m_fenetre);
         break;
     }
     fenetre->setAttribute(Qt::WA_DeleteOnClose);

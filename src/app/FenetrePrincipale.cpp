@@ -77,6 +77,13 @@ void FenetrePrincipale::construireBarreOutils()
     profil->setToolTip(QStringLiteral("Votre profil : état civil, coordonnées, numéros administratifs"));
     connect(profil, &QAction::triggered, this, [this] { emit fenetreDemandee(FenetreDossier::Profil); });
 
+    QAction* autoEntrepreneur = barre->addAction(QIcon::fromTheme(QStringLiteral("accessories-calculator")),
+                                                 QStringLiteral("Auto-entrepreneur"));
+    autoEntrepreneur->setObjectName(QStringLiteral("boutonAutoEntrepreneur"));
+    autoEntrepreneur->setToolTip(QStringLiteral("Vos réglages d'auto-entrepreneur et le site des déclarations"));
+    connect(autoEntrepreneur, &QAction::triggered, this,
+            [this] { emit fenetreDemandee(FenetreDossier::AutoEntrepreneur); });
+
     auto* espace = new QWidget(barre);
     espace->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     barre->addWidget(espace);

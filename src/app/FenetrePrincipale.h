@@ -34,6 +34,7 @@ enum class FenetreDossier
     Periodes,
     NouvellePeriode,
     ModelesContrats,
+    AutoEntrepreneur,
 };
 
 class FenetrePrincipale : public QMainWindow

@@ -52,9 +52,12 @@ void memoriserColonnes(QTableView* vue, Reglages& reglages, Reglages::Cle cle)
         if (!*ajustement)
             reglages.ecrire(cle, entete->saveState());
     };
-    // The stretched last column follows the window, not the user.
+    // A stretched column (the last one, or one set to stretch) follows the window, not the user.
     QObject::connect(entete, &QHeaderView::sectionResized, vue, [entete, enregistrer](int colonne) {
-        if (!entete->stretchLastSection() || entete->visualIndex(colonne) != entete->count() - 1)
+        const bool suitLaFenetre =
+            entete->sectionResizeMode(colonne) == QHeaderView::Stretch ||
+            (entete->stretchLastSection() && entete->visualIndex(colonne) == entete->count() - 1);
+        if (!suitLaFenetre)
             enregistrer();
     });
     QObject::connect(entete, &QHeaderView::sectionMoved, vue, enregistrer);

@@ -3,8 +3,10 @@
 #include "app/Environnement.h"
 #include "app/PageSection.h"
 #include "app/SectionFichiers.h"
+#include "app/conges/SectionConges.h"
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/fiscalite/SectionFiscalite.h"
 #include "app/securite/SectionSecuriteSociale.h"
 #include "app/poleemploi/SectionPoleEmploi.h"
 #include "app/tableaudebord/SectionTableauDeBord.h"
@@ -27,6 +29,10 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionSecuriteSociale(environnement, parent);
     case Section::PoleEmploi:
         return new SectionPoleEmploi(environnement, parent);
+    case Section::Conges:
+        return new SectionConges(environnement, parent);
+    case Section::Fiscalite:
+        return new SectionFiscalite(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

@@ -1,6 +1,7 @@
 #include "app/PanneauPreferencesImpressions.h"
 
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -36,6 +37,13 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
           {Cle::PoleEmploiImpressionsAllocations, QStringLiteral("Allocation journalière")},
           {Cle::PoleEmploiImpressionsPeriode, QStringLiteral("Période analysée")},
           {Cle::PoleEmploiImpressionsHeures, QStringLiteral("Heures par emploi")}}},
+        {QStringLiteral("Congés Spectacles"),
+         {{Cle::CongesImpressionsCompteRendu, QStringLiteral("Compte rendu")},
+          {Cle::CongesImpressionsListeContrats, QStringLiteral("Liste des contrats")}}},
+        {QStringLiteral("Fiscalité"),
+         {{Cle::FiscaliteImpressionsCompteRendu, QStringLiteral("Compte rendu")},
+          {Cle::FiscaliteImpressionsTotauxParEmployeurs, QStringLiteral("Cumuls par employeur")},
+          {Cle::FiscaliteImpressionsListeContrats, QStringLiteral("Liste des contrats")}}},
     };
     return liste;
 }
@@ -49,8 +57,15 @@ PanneauPreferencesImpressions::PanneauPreferencesImpressions(Reglages& reglages,
     explication->setWordWrap(true);
     disposition->addWidget(explication);
 
+    // One group per report, two groups a row, so that the pane stays short as reports are added.
+    auto* grille = new QGridLayout;
+    grille->setHorizontalSpacing(12);
+    grille->setVerticalSpacing(8);
+    disposition->addLayout(grille);
+    int rang = 0;
     for (const Groupe& g : groupes()) {
         auto* groupe = new QGroupBox(g.titre, this);
+        groupe->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
         auto* cases = new QVBoxLayout(groupe);
         for (const Interrupteur& i : g.interrupteurs) {
             auto* boite = new QCheckBox(i.libelle, groupe);
@@ -64,7 +79,9 @@ PanneauPreferencesImpressions::PanneauPreferencesImpressions(Reglages& reglages,
             });
             cases->addWidget(boite);
         }
-        disposition->addWidget(groupe);
+        cases->addStretch(1);
+        grille->addWidget(groupe, rang / 2, rang % 2, Qt::AlignTop);
+        ++rang;
     }
     disposition->addStretch(1);
 }

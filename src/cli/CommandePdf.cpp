@@ -6,6 +6,8 @@
 
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
+#include "exchange/RapportConges.h"
+#include "exchange/RapportFiscalite.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
 #include "exchange/RapportTableauDeBord.h"
@@ -28,9 +30,10 @@ namespace {
 
 const QStringList& rapports()
 {
-    static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats"),
-                                   QStringLiteral("securite-sociale"), QStringLiteral("simulation"),
-                                   QStringLiteral("tableau-de-bord")};
+    static const QStringList liste{QStringLiteral("profil"),           QStringLiteral("employeurs"),
+                                   QStringLiteral("contrats"),         QStringLiteral("securite-sociale"),
+                                   QStringLiteral("simulation"),       QStringLiteral("tableau-de-bord"),
+                                   QStringLiteral("conges"),           QStringLiteral("fiscalite")};
     return liste;
 }
 
@@ -49,8 +52,9 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
         {"auto-entrepreneur", &ChoixImpressions::autoEntrepreneur},
         {"rib", &ChoixImpressions::rib},
         {"liste", nullptr}, // the employers', the contracts' or the social-security periods' list
-        {"cumuls", &ChoixImpressions::cumulsEmployeurs},
+        {"cumuls", &ChoixImpressions::cumulsEmployeurs}, // also the tax report's totals per employer
         {"droits", &ChoixImpressions::verificationDroits},
+        {"compte-rendu", &ChoixImpressions::congesCompteRendu}, // the paid-leave and the tax reports' summary
     };
     return liste;
 }
@@ -89,16 +93,17 @@ public:
     QString usage() const override
     {
         return QStringLiteral("pdf FICHIER (--rapport profil|employeurs|contrats|securite-sociale|simulation|"
-                              "tableau-de-bord --sortie CHEMIN.pdf | --dossier --sortie DOSSIER) [--sans PARTIE,…] "
-                              "[options de contrat lister] [--date AAAA-MM-JJ] [--du AAAA-MM-JJ --au AAAA-MM-JJ "
-                              "--contrats tous|effectues|planifies --ij]");
+                              "tableau-de-bord|conges|fiscalite --sortie CHEMIN.pdf | --dossier --sortie DOSSIER) "
+                              "[--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ] [--annee A] [--du "
+                              "AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats tous|effectues|planifies --ij]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
     {
         Arguments arguments;
         int code = Succes;
-        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}, {"contrats"}, {"ij", false}};
+        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"},          {"date"},
+                                      {"annee"},   {"contrats"}, {"ij", false}};
         options << optionsFiltreContrats();
         options << OptionAttendue{QStringLiteral("dossier"), false};
         if (!analyser(contexte, arguments, liste, options, 1, &code))
@@ -133,13 +138,20 @@ public:
             if (trouvee->second)
                 choix.*(trouvee->second) = false;
             else
-                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = false;
+                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = choix.congesListeContrats =
+                    choix.fiscaliteListeContrats = false;
         }
-        // The rights report takes the range of the simulation, --du and --au, and nothing else of the filter.
+        choix.fiscaliteTotauxEmployeurs = choix.cumulsEmployeurs;
+        choix.fiscaliteCompteRendu = choix.congesCompteRendu;
+        // --du and --au give the range of the simulation and the period of the paid-leave and tax
+        // reports; nothing else of the contracts' filter goes with them.
+        const bool conges = rapport == QStringLiteral("conges");
+        const bool fiscalite = rapport == QStringLiteral("fiscalite");
         const bool filtre =
             std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(), [&](const OptionAttendue& o) {
                 return arguments.contient(o.nom) &&
-                       !(droits && (o.nom == QStringLiteral("du") || o.nom == QStringLiteral("au")));
+                       !((droits || conges || fiscalite) &&
+                         (o.nom == QStringLiteral("du") || o.nom == QStringLiteral("au")));
             });
         if (!droits && (arguments.contient("contrats") || arguments.contient("ij")))
             return mauvaisUsage(
@@ -159,6 +171,21 @@ public:
         const std::optional<QDate> verification = arguments.date("date");
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
+        // The leave year or a period; a tax year or a period.
+        const bool parDates = arguments.contient("du") || arguments.contient("au");
+        if (arguments.contient("annee") && !fiscalite)
+            return mauvaisUsage(contexte, QStringLiteral("l'option --annee ne vaut que pour --rapport fiscalite"));
+        if (fiscalite && arguments.contient("annee") == parDates)
+            return mauvaisUsage(contexte, QStringLiteral("donnez --annee, ou --du et --au"));
+        if (arguments.contient("du") != arguments.contient("au"))
+            return mauvaisUsage(contexte, QStringLiteral("--du et --au vont ensemble"));
+        const auto annee = arguments.annee("annee");
+        const auto du = arguments.date("du");
+        const auto au = arguments.date("au");
+        if (arguments.enErreur())
+            return mauvaisUsage(contexte, arguments.erreur());
+        if (du && *au < *du)
+            return mauvaisUsage(contexte, QStringLiteral("la date --au ne peut pas précéder la date --du"));
 
         const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
         const QString sortie = QFileInfo(arguments.valeur("sortie")).absoluteFilePath();
@@ -197,6 +224,17 @@ public:
             // `--sans liste` leaves out the dashboard's list too.
             choix.listeTdb = choix.listeContrats;
             lu = composerRapportTableauDeBord(compose, chemin, choix);
+        } else if (conges) {
+            nomPropose = nomRapportConges(Horloge::aujourdhui());
+            lu = du ? composerRapportConges(compose, chemin, choix, QStringLiteral("PERIODE"), *du, *au)
+                    : composerRapportConges(compose, chemin, choix, QStringLiteral("COMPLET"));
+        } else if (fiscalite) {
+            nomPropose = nomRapportFiscalite(Horloge::aujourdhui());
+            DemandeFiscalite demande;
+            demande.annee = annee.value_or(0);
+            demande.du = du.value_or(QDate());
+            demande.au = au.value_or(QDate());
+            lu = composerRapportFiscalite(compose, chemin, choix, demande);
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);

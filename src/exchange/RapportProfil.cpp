@@ -152,6 +152,11 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
     c.listeContrats = reglages.booleen(Cle::ContratsImpressionsListe);
     c.verificationDroits = reglages.booleen(Cle::SecuriteSocialeImpressionsVerificationDroits);
     c.listePeriodes = reglages.booleen(Cle::SecuriteSocialeImpressionsListePeriodes);
+    c.congesCompteRendu = reglages.booleen(Cle::CongesImpressionsCompteRendu);
+    c.congesListeContrats = reglages.booleen(Cle::CongesImpressionsListeContrats);
+    c.fiscaliteCompteRendu = reglages.booleen(Cle::FiscaliteImpressionsCompteRendu);
+    c.fiscaliteTotauxEmployeurs = reglages.booleen(Cle::FiscaliteImpressionsTotauxParEmployeurs);
+    c.fiscaliteListeContrats = reglages.booleen(Cle::FiscaliteImpressionsListeContrats);
     return c;
 }
 

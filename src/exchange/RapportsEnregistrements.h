@@ -35,6 +35,13 @@ struct ChoixImpressions
     // The social-security report.
     bool verificationDroits = true;
     bool listePeriodes = true;
+    // The paid-leave fund's report.
+    bool congesCompteRendu = true;
+    bool congesListeContrats = true;
+    // The income-tax report.
+    bool fiscaliteCompteRendu = true;
+    bool fiscaliteTotauxEmployeurs = true;
+    bool fiscaliteListeContrats = true;
 
     static ChoixImpressions depuis(const Reglages& reglages);
 };

@@ -171,6 +171,15 @@ bool Profil::saveAeCategoryId(int id) { return enregistreValeur("u_ae_categoriep
 // The periodicity lives in u_autoentrepreneur_periode, the column the profile reads.
 bool Profil::saveAePeriodicity(int periodicite) { return enregistreValeur("u_autoentrepreneur_periode", periodicite); }
 bool Profil::saveAeTaxFlag(int drapeau) { return enregistreValeur("u_ae_prelevementliberatoire", drapeau); }
+// clang-format on
+bool Profil::saveAeActivity(int id)
+{
+    // Only an activity the document lists: its chamber fee depends on it.
+    if (m_db.entier(QStringLiteral("SELECT COUNT(*) FROM autoentrepreneuractivites WHERE aea_id = ?;"), {id}) == 0)
+        return false;
+    return enregistreValeur("u_ae_activite", id);
+}
+// clang-format off
 bool Profil::saveVehicleType(int type) { return enregistreValeur("u_vehicule_type", type); }
 bool Profil::saveVehiclePower(int puissance) { return enregistreValeur("u_vehicule_puissance", puissance); }
 bool Profil::savePeId(const QString& texte) { return enregistreTexte("u_identifiant_assedic", texte); }

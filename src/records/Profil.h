@@ -90,6 +90,8 @@ public:
     bool saveAeCategoryId(int id);
     bool saveAePeriodicity(int periodicite);
     bool saveAeTaxFlag(int drapeau);
+    // One of the activities of `autoentrepreneuractivites`; another id is refused.
+    bool saveAeActivity(int id);
     bool saveVehicleType(int type);
     bool saveVehiclePower(int puissance);
     bool savePeId(const QString& texte);

@@ -84,6 +84,32 @@ const QList<Definition>& definitions()
         {C::SecuriteSocialeTypeTrie, "SS_Type_Sorted_IsSorted", false},
         {C::SecuriteSocialeTypeIndex, "SS_Type_Sorted_Index", 0},
         {C::SecuriteSocialeColonnes, "SecuriteSociale_Colonnes", QByteArray()},
+        // Paid leave: the period pop-up's item (current leave year, free period), the contract
+        // list's header (widths, order, sort), the history's order and header, the report's parts.
+        {C::CongesDatesTri, "Conges_DatesTri", 0},
+        {C::CongesColonnes, "gridCongesSortOrder", QByteArray()},
+        {C::CongesHistoriqueSens, "CongesHistorique_Sens", QStringLiteral("ASC")},
+        {C::CongesHistoriqueColonnes, "gridCongesSpectaclesSortOrder", QByteArray()},
+        {C::CongesImpressionsCompteRendu, "Conges_ImpressionsCompteRendu", true},
+        {C::CongesImpressionsListeContrats, "Conges_ImpressionsListeContrats", true},
+        {C::CongesSiteInternet, "Conges_SiteInternet", QStringLiteral("https://conges-spectacles.audiens.org/")},
+        // Income tax: the period pop-up's item, the switches, the lists' headers, the history's
+        // order and header, the report's parts.
+        {C::FiscaliteDatesTri, "Fiscalite_DatesTri", 0},
+        {C::FiscaliteToutArrondir, "Fiscalite_ToutArrondir", false},
+        {C::FiscalitePrimeEmploi, "Fiscalite_PrimeEmploi", false},
+        {C::FiscaliteAutoEntrepreneur, "Fiscalite_AutoEntrepreneur", false},
+        {C::FiscaliteAeLimiter, "Fiscalite_AE_Limiter", false},
+        {C::FiscaliteAePeriode, "Fiscalite_AE_Periode", 0},
+        {C::FiscaliteListeColonnes, "gridFiscaliteListeSortOrder", QByteArray()},
+        {C::FiscaliteEmployeursColonnes, "gridFiscaliteTotauxEmployeursSortOrder", QByteArray()},
+        {C::FiscaliteHistoriqueSens, "FiscaliteHistorique_Sens", QStringLiteral("ASC")},
+        {C::FiscaliteHistoriqueColonnes, "gridTaxPaymentsHistorySortOrder", QByteArray()},
+        {C::FiscaliteImpressionsCompteRendu, "Fiscalite_ImpressionsCompteRendu", true},
+        {C::FiscaliteImpressionsTotauxParEmployeurs, "Fiscalite_ImpressionsTotauxParEmployeurs", true},
+        {C::FiscaliteImpressionsListeContrats, "Fiscalite_ImpressionsListeContrats", true},
+        {C::AutoEntrepreneurSiteInternet, "AutoEntrepreneur_SiteInternet",
+         QStringLiteral("https://www.autoentrepreneur.urssaf.fr/")},
     };
     return table;
 }

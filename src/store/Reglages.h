@@ -79,6 +79,29 @@ public:
         SecuriteSocialeTypeTrie,
         SecuriteSocialeTypeIndex,
         SecuriteSocialeColonnes,
+        // The paid-leave fund's screen, its payments history and its report.
+        CongesDatesTri,
+        CongesColonnes,
+        CongesHistoriqueSens,
+        CongesHistoriqueColonnes,
+        CongesImpressionsCompteRendu,
+        CongesImpressionsListeContrats,
+        CongesSiteInternet,
+        // The income-tax screen, its payments history and its report, and the self-employed site.
+        FiscaliteDatesTri,
+        FiscaliteToutArrondir,
+        FiscalitePrimeEmploi,
+        FiscaliteAutoEntrepreneur,
+        FiscaliteAeLimiter,
+        FiscaliteAePeriode,
+        FiscaliteListeColonnes,
+        FiscaliteEmployeursColonnes,
+        FiscaliteHistoriqueSens,
+        FiscaliteHistoriqueColonnes,
+        FiscaliteImpressionsCompteRendu,
+        FiscaliteImpressionsTotauxParEmployeurs,
+        FiscaliteImpressionsListeContrats,
+        AutoEntrepreneurSiteInternet,
     };
 
     // The user's own settings store.

@@ -72,8 +72,10 @@ private slots:
         QStringList attendus{QStringLiteral("fenetre-principale.png")};
         for (const DescriptionSection& d : sectionsNavigation())
             attendus << QStringLiteral("section-%1.png").arg(app::nomDeFichierSection(d.titre));
-        // The windows opened from the menus, and the contract and social-security forms.
-        const QStringList fenetres{"profil.png", "periodes.png", "modeles-contrat.png", "preferences.png",
+        // The windows opened from the menus, the toolbar and the sections, and the contract and
+        // social-security forms.
+        const QStringList fenetres{"profil.png",      "periodes.png",          "modeles-contrat.png",
+                                   "preferences.png", "versements-conges.png", "auto-entrepreneur.png",
                                    "versements-pole-emploi.png"};
         attendus << fenetres << QStringLiteral("formulaire-contrat.png")
                  << QStringLiteral("formulaire-securite-sociale.png");

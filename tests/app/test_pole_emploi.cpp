@@ -3,7 +3,7 @@
 // profile changes elsewhere, the monthly declaration's figures, and the payments window.
 
 #include "app/Environnement.h"
-#include "app/poleemploi/FenetreVersements.h"
+#include "app/poleemploi/FenetreVersementsPoleEmploi.h"
 #include "app/poleemploi/SectionPoleEmploi.h"
 #include "app/poleemploi/VueDeclaration.h"
 #include "app/poleemploi/VueDroits.h"
@@ -246,7 +246,7 @@ private slots:
         QFETCH(QString, refus);
         auto b = banc();
         QTest::mouseClick(b->widget<QPushButton>("boutonVersements"), Qt::LeftButton);
-        auto* fenetre = b->section->findChild<FenetreVersements*>();
+        auto* fenetre = b->section->findChild<FenetreVersementsPoleEmploi*>();
         QVERIFY(fenetre && fenetre->isVisible());
         saisir(*fenetre, "champMontantVersement", texte);
         trouver<QDateEdit>(*fenetre, "champDateVersement")->setDate(QDate(2025, 5, 6));
@@ -288,7 +288,7 @@ private slots:
         executerSql(b->chemin, "INSERT INTO assedichistorique (ah_date, ah_montant) VALUES ('2025-05-06 00:00:00.000', "
                                "812.4);");
         b->section->ouvrirVersements();
-        auto* fenetre = b->section->findChild<FenetreVersements*>();
+        auto* fenetre = b->section->findChild<FenetreVersementsPoleEmploi*>();
         QVERIFY(fenetre);
         trouver<QTableView>(*fenetre, "listeVersements")->selectRow(0);
         b->dialogues.repondre({reponse});

@@ -1,5 +1,5 @@
-// The record reports (profile summary, employers, contracts) and the social-security report
-// composed from real documents, written to PDF and read back and compared whole with their
+// The record reports (profile summary, employers, contracts), the social-security, paid-leave and
+// income-tax reports composed from real documents, written to PDF and read back and compared whole with their
 // stored text: the parts each setting prints, the filters, the file names, the search in other
 // viewers, and a long career whose contracts are each listed exactly once.
 
@@ -7,6 +7,8 @@
 #include "commun/Reference.h"
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
+#include "exchange/RapportConges.h"
+#include "exchange/RapportFiscalite.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
 #include "exchange/RapportTableauDeBord.h"
@@ -134,6 +136,8 @@ private slots:
         QCOMPARE(nomRapportProfil(QDate(2026, 11, 21)), QStringLiteral("Relevé d'informations 21 11 2026"));
         QCOMPARE(nomRapportProfil(QDate(2027, 1, 1)), QStringLiteral("Relevé d'informations 1 1 2027"));
         QCOMPARE(nomRapportSecuriteSociale(QDate(2026, 3, 5)), QStringLiteral("Sécurité Sociale 2026 3 5"));
+        QCOMPARE(nomRapportConges(QDate(2026, 3, 5)), QStringLiteral("Congés Spectacles 2026 3 5"));
+        QCOMPARE(nomRapportFiscalite(QDate(2026, 3, 5)), QStringLiteral("Fiscalité 2026 3 5"));
     }
 
     void choixDepuisLesReglages()
@@ -222,6 +226,10 @@ private slots:
         QVERIFY(!composerRapportEmployeurs(r, m_dossier.filePath("absent.cv4"), ChoixImpressions()));
         QVERIFY(!composerRapportContrats(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), FiltreContrats()));
         QVERIFY(!composerRapportSecuriteSociale(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), {}));
+        QVERIFY(!composerRapportConges(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), "COMPLET"));
+        DemandeFiscalite annee;
+        annee.annee = 2026;
+        QVERIFY(!composerRapportFiscalite(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), annee));
         QVERIFY(!QFileInfo::exists(m_dossier.filePath("absent.cv4")));
         QVERIFY(r.document().isEmpty());
     }
@@ -284,6 +292,95 @@ private slots:
         for (const QString& absent : absents)
             QVERIFY2(!texte.contains(absent), qPrintable(absent));
         verifierPieds(p, QStringLiteral("Jeanne Dupont"));
+    }
+
+    // The paid-leave fund's report for the leave year or a period, and the income-tax report for a
+    // year or a period, each part behind its switch, ending with the stamp.
+    void regimes_data()
+    {
+        QTest::addColumn<bool>("fiscalite");
+        QTest::addColumn<QDate>("du");
+        QTest::addColumn<QDate>("au");
+        QTest::addColumn<bool>("compteRendu");
+        QTest::addColumn<bool>("cumuls");
+        QTest::addColumn<bool>("liste");
+        QTest::addColumn<QStringList>("presents");
+        QTest::addColumn<QStringList>("absents");
+        const QStringList conges{"Congés Spectacles", "Du 01/04/2026 au 31/03/2027"};
+        const QStringList resumeConges{"Compte rendu",
+                                       "Libellé Valeur",
+                                       "Journées retenues 5",
+                                       "Salaires bruts 1 244,00 €",
+                                       "Journées acquises 1",
+                                       "Indemnité brute 124,00 €",
+                                       "Indemnité nette estimée 99,00 €"};
+        const QStringList contratsConges{"Liste des contrats", "06/04/2026 au 08/04/2026", "24 heure(s) 3 jour(s)",
+                                         "salaire brut: 1 234,99 €"};
+        cas("paid leave", false, QDate(), QDate(), true, true, true, conges + resumeConges + contratsConges,
+            QStringList{"Cumuls par employeur", "Aucune"});
+        cas("paid leave, summary only", false, QDate(), QDate(), true, true, false, conges + resumeConges,
+            QStringList{"Liste des contrats", "salaire brut"});
+        cas("paid leave, contracts only", false, QDate(), QDate(), false, true, true, conges + contratsConges,
+            QStringList{"Compte rendu", "Indemnité brute"});
+        cas("paid leave, a period without any day", false, QDate(2026, 6, 1), QDate(2026, 6, 30), true, true, true,
+            QStringList{"Du 01/06/2026 au 30/06/2026", "Aucune journée retenue sur la période.",
+                        "Aucun contrat sur la période."},
+            QStringList{"Journées retenues"});
+        const QStringList resumeImpots{"Fiscalité", "Du 01/01/2026 au 31/12/2026", "Compte rendu",        "Journées 5",
+                                       "Heures 40", "Net Imp. 958,60 €",           "Dist. parcourue 0 km"};
+        const QStringList cumuls{"Cumuls par employeur", "Employeurs Heures Montants PAS",
+                                 "Opéra de Lyon 40 h 958,60 € 95,86 €", "Totaux 40 h 958,60 € 95,86 €"};
+        cas("tax year", true, QDate(), QDate(), true, true, true,
+            resumeImpots + cumuls + QStringList{"Liste des contrats", "salaire net: 950,50 €"}, QStringList{});
+        cas("tax year, no totals per employer", true, QDate(), QDate(), true, false, true, resumeImpots,
+            QStringList{"Cumuls par employeur", "95,86"});
+        cas("tax, a defined period", true, QDate(2026, 5, 1), QDate(2026, 5, 31), true, true, false,
+            QStringList{"Du 01/05/2026 au 31/05/2026", "Net Imp. 8,10 €", "Opéra de Lyon 16 h 8,10 € 0,81 €"},
+            QStringList{"Liste des contrats", "950,50"});
+    }
+
+    void regimes()
+    {
+        QFETCH(bool, fiscalite);
+        QFETCH(QDate, du);
+        QFETCH(QDate, au);
+        QFETCH(bool, compteRendu);
+        QFETCH(bool, cumuls);
+        QFETCH(bool, liste);
+        QFETCH(QStringList, presents);
+        QFETCH(QStringList, absents);
+        const QString document = documentContrats(m_dossier, QStringLiteral("regimes-%1.cv4").arg(++m_numero));
+        const int opera = ajouterEmployeur(document, QStringLiteral("Opéra de Lyon"));
+        ajouterContrat(document, {opera, QDate(2026, 4, 6), QDate(2026, 4, 8), 24, 3, 1234.99, 950.5});
+        ajouterContrat(document, {opera, QDate(2026, 5, 4), QDate(2026, 5, 5), 16, 2, 10.5, 8.1});
+        BaseDeDonnees base;
+        QVERIFY(base.ouvrir(document));
+        base.executer("UPDATE contrats SET c_conges = 1, c_annee_encaissement = 2026, c_pas = 10;");
+        ChoixImpressions choix;
+        choix.congesCompteRendu = choix.fiscaliteCompteRendu = compteRendu;
+        choix.fiscaliteTotauxEmployeurs = cumuls;
+        choix.congesListeContrats = choix.fiscaliteListeContrats = liste;
+        QString fichier;
+        const QStringList p = pages(
+            [&](Rapport& r) {
+                if (!fiscalite)
+                    return du.isValid() ? composerRapportConges(r, document, choix, "PERIODE", du, au)
+                                        : composerRapportConges(r, document, choix, "COMPLET");
+                DemandeFiscalite demande;
+                demande.annee = 2026;
+                demande.du = du;
+                demande.au = au;
+                return composerRapportFiscalite(r, document, choix, demande);
+            },
+            &fichier);
+        const QString texte = p.join("\n");
+        for (const QString& present : presents)
+            QVERIFY2(texte.contains(present), qPrintable(present + "\n---\n" + texte));
+        for (const QString& absent : absents)
+            QVERIFY2(!texte.contains(absent), qPrintable(absent));
+        verifierPieds(p, QStringLiteral("Jeanne Dupont"));
+        // The separator and the stamp.
+        QVERIFY(nombreImages(fichier) >= 2);
     }
 
     void rechercheEtTitre_data()

@@ -4,7 +4,7 @@
 #include "app/ControleurApplication.h"
 #include "app/Environnement.h"
 #include "app/kit/ChampDate.h"
-#include "app/poleemploi/FenetreVersements.h"
+#include "app/poleemploi/FenetreVersementsPoleEmploi.h"
 #include "app/poleemploi/VueDeclaration.h"
 #include "app/poleemploi/VueDroits.h"
 #include "exchange/ExportPdf.h"
@@ -270,11 +270,11 @@ void SectionPoleEmploi::lancer()
 void SectionPoleEmploi::ouvrirVersements()
 {
     if (!document() || !document()->estOuvert()) {
-        m_environnement.dialogues.information(FenetreVersements::titre(), ControleurApplication::messageSansDocument(),
+        m_environnement.dialogues.information(FenetreVersementsPoleEmploi::titre(), ControleurApplication::messageSansDocument(),
                                               QStringLiteral("Fermer"));
         return;
     }
-    auto* fenetre = new FenetreVersements(m_environnement, *document(), this);
+    auto* fenetre = new FenetreVersementsPoleEmploi(m_environnement, *document(), this);
     fenetre->setAttribute(Qt::WA_DeleteOnClose);
     fenetre->open();
 }

@@ -1,11 +1,11 @@
-#include "app/poleemploi/FenetreVersements.h"
+#include "app/poleemploi/FenetreVersementsPoleEmploi.h"
 
 #include "app/Environnement.h"
 #include "app/kit/ChampChiffre.h"
 #include "app/kit/ChampDate.h"
 #include "app/kit/MessageSaisie.h"
 #include "app/kit/Raccourcis.h"
-#include "app/poleemploi/ModeleVersements.h"
+#include "app/poleemploi/ModeleVersementsPoleEmploi.h"
 #include "store/Dates.h"
 #include "store/Dialogues.h"
 #include "store/Document.h"
@@ -45,12 +45,12 @@ QPushButton* bouton(QWidget* parent, const QString& texte, const QString& nom)
 
 } // namespace
 
-QString FenetreVersements::titre()
+QString FenetreVersementsPoleEmploi::titre()
 {
     return QStringLiteral("Versements Pôle Emploi");
 }
 
-FenetreVersements::FenetreVersements(Environnement& environnement, Document& document, QWidget* parent)
+FenetreVersementsPoleEmploi::FenetreVersementsPoleEmploi(Environnement& environnement, Document& document, QWidget* parent)
     : QDialog(parent), m_environnement(environnement),
       m_versements(std::make_unique<PoleEmploiVersements>(document.base()))
 {
@@ -83,7 +83,7 @@ FenetreVersements::FenetreVersements(Environnement& environnement, Document& doc
     filtres->addWidget(m_tri);
     mise->addLayout(filtres);
 
-    m_modele = new ModeleVersements(this);
+    m_modele = new ModeleVersementsPoleEmploi(this);
     m_liste = new QTableView(this);
     m_liste->setObjectName(QStringLiteral("listeVersements"));
     m_liste->setModel(m_modele);
@@ -95,13 +95,13 @@ FenetreVersements::FenetreVersements(Environnement& environnement, Document& doc
     m_liste->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_liste->verticalHeader()->setDefaultSectionSize(m_liste->fontMetrics().height() + 10);
     // A statement's layout: the date on the left, the amount on the right.
-    m_liste->horizontalHeader()->setSectionResizeMode(ModeleVersements::Date, QHeaderView::Stretch);
-    m_liste->horizontalHeader()->setSectionResizeMode(ModeleVersements::Montant, QHeaderView::ResizeToContents);
+    m_liste->horizontalHeader()->setSectionResizeMode(ModeleVersementsPoleEmploi::Date, QHeaderView::Stretch);
+    m_liste->horizontalHeader()->setSectionResizeMode(ModeleVersementsPoleEmploi::Montant, QHeaderView::ResizeToContents);
     auto* effacer = new QAction(QStringLiteral("Supprimer"), m_liste);
     effacer->setShortcut(QKeySequence::Delete);
     effacer->setShortcutContext(Qt::WidgetShortcut);
     m_liste->addAction(effacer);
-    connect(effacer, &QAction::triggered, this, &FenetreVersements::supprimer);
+    connect(effacer, &QAction::triggered, this, &FenetreVersementsPoleEmploi::supprimer);
     mise->addWidget(m_liste, 1);
     m_cumul = new QLabel(this);
     m_cumul->setObjectName(QStringLiteral("cumulVersements"));
@@ -147,8 +147,8 @@ FenetreVersements::FenetreVersements(Environnement& environnement, Document& doc
         m_finChoisi = fin.isValid() ? fin : QDate(Horloge::aujourdhui().year(), 12, 31);
     }
     connect(m_periode, &QComboBox::activated, this, [this] { recharger(idSelectionne()); });
-    connect(m_du, &QDateEdit::userDateChanged, this, &FenetreVersements::datesModifiees);
-    connect(m_au, &QDateEdit::userDateChanged, this, &FenetreVersements::datesModifiees);
+    connect(m_du, &QDateEdit::userDateChanged, this, &FenetreVersementsPoleEmploi::datesModifiees);
+    connect(m_au, &QDateEdit::userDateChanged, this, &FenetreVersementsPoleEmploi::datesModifiees);
     connect(m_tri, &QToolButton::clicked, this, [this] {
         const Reglages::Cle cle = Reglages::Cle::PoleEmploiHistoriqueSens;
         const bool recentsDabord = m_environnement.reglages.texte(cle) == QStringLiteral("ASC");
@@ -156,24 +156,24 @@ FenetreVersements::FenetreVersements(Environnement& environnement, Document& doc
         majTri();
         recharger(idSelectionne());
     });
-    connect(nouveau, &QPushButton::clicked, this, &FenetreVersements::nouveau);
-    connect(m_supprimer, &QPushButton::clicked, this, &FenetreVersements::supprimer);
-    connect(enregistrer, &QPushButton::clicked, this, &FenetreVersements::enregistrer);
+    connect(nouveau, &QPushButton::clicked, this, &FenetreVersementsPoleEmploi::nouveau);
+    connect(m_supprimer, &QPushButton::clicked, this, &FenetreVersementsPoleEmploi::supprimer);
+    connect(enregistrer, &QPushButton::clicked, this, &FenetreVersementsPoleEmploi::enregistrer);
     connect(fermer, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_montant, &QLineEdit::returnPressed, this, &FenetreVersements::enregistrer);
+    connect(m_montant, &QLineEdit::returnPressed, this, &FenetreVersementsPoleEmploi::enregistrer);
     connect(m_liste->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &FenetreVersements::selectionChangee);
+            &FenetreVersementsPoleEmploi::selectionChangee);
 
     majTri();
     resize(640, 520);
     recharger();
-    FenetreVersements::nouveau();
+    FenetreVersementsPoleEmploi::nouveau();
     attribuerRaccourcis(this, QString());
 }
 
-FenetreVersements::~FenetreVersements() = default;
+FenetreVersementsPoleEmploi::~FenetreVersementsPoleEmploi() = default;
 
-void FenetreVersements::majTri()
+void FenetreVersementsPoleEmploi::majTri()
 {
     // The preference is applied inverted by the listing: "ASC" lists the latest payment first.
     const bool recentsDabord =
@@ -182,7 +182,7 @@ void FenetreVersements::majTri()
                                  : QStringLiteral("Les plus anciens d'abord"));
 }
 
-void FenetreVersements::datesModifiees()
+void FenetreVersementsPoleEmploi::datesModifiees()
 {
     m_debutChoisi = m_du->date();
     m_finChoisi = m_au->date();
@@ -191,7 +191,7 @@ void FenetreVersements::datesModifiees()
     recharger(idSelectionne());
 }
 
-void FenetreVersements::recharger(int idASelectionner)
+void FenetreVersementsPoleEmploi::recharger(int idASelectionner)
 {
     const QString tri = m_periode->currentData().toString();
     const bool choisie = tri == QStringLiteral("periode");
@@ -231,13 +231,13 @@ void FenetreVersements::recharger(int idASelectionner)
     selectionChangee();
 }
 
-int FenetreVersements::idSelectionne() const
+int FenetreVersementsPoleEmploi::idSelectionne() const
 {
     const QModelIndexList lignes = m_liste->selectionModel()->selectedRows();
     return lignes.isEmpty() ? 0 : m_modele->idDeLaLigne(lignes.first().row());
 }
 
-void FenetreVersements::selectionChangee()
+void FenetreVersementsPoleEmploi::selectionChangee()
 {
     const QModelIndexList lignes = m_liste->selectionModel()->selectedRows();
     const bool choisi = !lignes.isEmpty();
@@ -253,7 +253,7 @@ void FenetreVersements::selectionChangee()
     m_message->actualiser();
 }
 
-void FenetreVersements::nouveau()
+void FenetreVersementsPoleEmploi::nouveau()
 {
     m_liste->clearSelection();
     m_date->setDate(Horloge::aujourdhui());
@@ -262,7 +262,7 @@ void FenetreVersements::nouveau()
     m_montant->setFocus();
 }
 
-void FenetreVersements::enregistrer()
+void FenetreVersementsPoleEmploi::enregistrer()
 {
     QString refus = m_message->refus();
     const double montant = m_montant->nombre().value_or(0.0);
@@ -288,7 +288,7 @@ void FenetreVersements::enregistrer()
     recharger(ecrit);
 }
 
-void FenetreVersements::supprimer()
+void FenetreVersementsPoleEmploi::supprimer()
 {
     const QModelIndexList lignes = m_liste->selectionModel()->selectedRows();
     if (lignes.isEmpty())
@@ -299,7 +299,7 @@ void FenetreVersements::supprimer()
         m_environnement.dialogues.question(
             titre(),
             QStringLiteral("Souhaitez-vous supprimer le versement du %1 (%2) ?")
-                .arg(m_modele->data(m_modele->index(rangee, ModeleVersements::Date)).toString(),
+                .arg(m_modele->data(m_modele->index(rangee, ModeleVersementsPoleEmploi::Date)).toString(),
                      enEuros(m_modele->montant(rangee))),
             {QStringLiteral("Supprimer"), QStringLiteral("Annuler")}) != QStringLiteral("Supprimer"))
         return;

@@ -1,13 +1,13 @@
-#include "app/poleemploi/ModeleVersements.h"
+#include "app/poleemploi/ModeleVersementsPoleEmploi.h"
 
 #include "store/Dates.h"
 #include "store/FormatFrancais.h"
 
 namespace corvane::app {
 
-ModeleVersements::ModeleVersements(QObject* parent) : QAbstractTableModel(parent) {}
+ModeleVersementsPoleEmploi::ModeleVersementsPoleEmploi(QObject* parent) : QAbstractTableModel(parent) {}
 
-void ModeleVersements::setTable(const Table& table)
+void ModeleVersementsPoleEmploi::setTable(const Table& table)
 {
     beginResetModel();
     m_table = table;
@@ -18,12 +18,12 @@ void ModeleVersements::setTable(const Table& table)
     endResetModel();
 }
 
-int ModeleVersements::idDeLaLigne(int rangee) const
+int ModeleVersementsPoleEmploi::idDeLaLigne(int rangee) const
 {
     return rangee < 0 || rangee >= rowCount() ? 0 : m_table.valeur(rangee, m_id).toInt();
 }
 
-int ModeleVersements::rangeeDeLId(int id) const
+int ModeleVersementsPoleEmploi::rangeeDeLId(int id) const
 {
     for (int r = 0; r < rowCount(); ++r)
         if (idDeLaLigne(r) == id)
@@ -31,27 +31,27 @@ int ModeleVersements::rangeeDeLId(int id) const
     return -1;
 }
 
-QDate ModeleVersements::date(int rangee) const
+QDate ModeleVersementsPoleEmploi::date(int rangee) const
 {
     return Dates::depuisSQLite(m_table.valeur(rangee, m_dateSQLite).toString());
 }
 
-double ModeleVersements::montant(int rangee) const
+double ModeleVersementsPoleEmploi::montant(int rangee) const
 {
     return m_table.valeur(rangee, m_montant).toDouble();
 }
 
-int ModeleVersements::rowCount(const QModelIndex& parent) const
+int ModeleVersementsPoleEmploi::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(m_table.size());
 }
 
-int ModeleVersements::columnCount(const QModelIndex& parent) const
+int ModeleVersementsPoleEmploi::columnCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : NombreColonnes;
 }
 
-QVariant ModeleVersements::data(const QModelIndex& index, int role) const
+QVariant ModeleVersementsPoleEmploi::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return {};
@@ -64,7 +64,7 @@ QVariant ModeleVersements::data(const QModelIndex& index, int role) const
     return enEuros(montant(index.row()));
 }
 
-QVariant ModeleVersements::headerData(int section, Qt::Orientation orientation, int role) const
+QVariant ModeleVersementsPoleEmploi::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
         return section == Montant ? QVariant(Qt::AlignRight | Qt::AlignVCenter)

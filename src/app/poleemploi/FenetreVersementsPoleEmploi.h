@@ -21,18 +21,18 @@ struct Environnement;
 class ChampDate;
 class ChampMontant;
 class MessageSaisie;
-class ModeleVersements;
+class ModeleVersementsPoleEmploi;
 
 // "Versements Pôle Emploi": the allowances received for a chosen span, their total, and the
 // form that adds, changes or deletes one. A date or an amount that cannot be read is refused
 // with its reason, never saved as something else.
-class FenetreVersements : public QDialog
+class FenetreVersementsPoleEmploi : public QDialog
 {
     Q_OBJECT
 
 public:
-    FenetreVersements(Environnement& environnement, Document& document, QWidget* parent = nullptr);
-    ~FenetreVersements() override;
+    FenetreVersementsPoleEmploi(Environnement& environnement, Document& document, QWidget* parent = nullptr);
+    ~FenetreVersementsPoleEmploi() override;
 
     static QString titre();
 
@@ -56,7 +56,7 @@ private:
     QDate m_debutChoisi;
     QDate m_finChoisi;
     QToolButton* m_tri = nullptr;
-    ModeleVersements* m_modele = nullptr;
+    ModeleVersementsPoleEmploi* m_modele = nullptr;
     QTableView* m_liste = nullptr;
     QLabel* m_cumul = nullptr;
     QLabel* m_titreFormulaire = nullptr;

@@ -8,7 +8,7 @@
 namespace corvane::app {
 
 // The allowances received, as the payments listing gives them: date and amount.
-class ModeleVersements : public QAbstractTableModel
+class ModeleVersementsPoleEmploi : public QAbstractTableModel
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ public:
         NombreColonnes
     };
 
-    explicit ModeleVersements(QObject* parent = nullptr);
+    explicit ModeleVersementsPoleEmploi(QObject* parent = nullptr);
 
     void setTable(const Table& table);
     int idDeLaLigne(int rangee) const;
