@@ -46,8 +46,13 @@ QWidget* preparer(FenetrePrincipale& fenetre, const Prise& prise)
                 return d;
         return nullptr;
     }
-    if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande))
+    if (auto* bouton = fenetre.findChild<QAbstractButton*>(prise.commande)) {
         bouton->click();
+        // A button that opens a window beside the section: that window is pictured.
+        for (QDialog* d : fenetre.findChildren<QDialog*>())
+            if (d->isVisible())
+                return d;
+    }
     return &fenetre;
 }
 
@@ -118,6 +123,10 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonNouveauContrat")},
             {dossier.filePath(QStringLiteral("formulaire-securite-sociale.png")), Section::SecuriteSociale,
              QStringLiteral("boutonNouveauSS")},
+            {dossier.filePath(QStringLiteral("formulaire-frais.png")), Section::Frais,
+             QStringLiteral("boutonNouveauFrais")},
+            {dossier.filePath(QStringLiteral("categories-frais.png")), Section::Frais,
+             QStringLiteral("boutonCategoriesFrais")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

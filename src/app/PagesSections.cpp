@@ -5,6 +5,7 @@
 #include "app/SectionFichiers.h"
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
+#include "app/frais/SectionFrais.h"
 #include "app/securite/SectionSecuriteSociale.h"
 
 namespace corvane::app {
@@ -21,6 +22,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionEmployeurs(environnement, parent);
     case Section::SecuriteSociale:
         return new SectionSecuriteSociale(environnement, parent);
+    case Section::Frais:
+        return new SectionFrais(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

@@ -26,6 +26,9 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
         {QStringLiteral("Sécurité Sociale"),
          {{Cle::SecuriteSocialeImpressionsVerificationDroits, QStringLiteral("Vérification des droits")},
           {Cle::SecuriteSocialeImpressionsListePeriodes, QStringLiteral("Liste de toutes les périodes")}}},
+        {QStringLiteral("Frais"),
+         {{Cle::FraisImpressionsListe, QStringLiteral("Liste des frais")},
+          {Cle::FraisImpressionsCategories, QStringLiteral("Totaux par catégorie")}}},
     };
     return liste;
 }

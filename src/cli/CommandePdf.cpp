@@ -2,13 +2,16 @@
 // screen exports it.
 
 #include "cli/CommandeContrat.h"
+#include "cli/CommandeFrais.h"
 #include "cli/Commandes.h"
 
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
+#include "exchange/RapportFrais.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Contrats.h"
+#include "records/Frais.h"
 #include "store/Fichiers.h"
 #include "store/Functions.h"
 #include "store/Horloge.h"
@@ -24,7 +27,7 @@ namespace {
 const QStringList& rapports()
 {
     static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats"),
-                                   QStringLiteral("securite-sociale")};
+                                   QStringLiteral("securite-sociale"), QStringLiteral("frais")};
     return liste;
 }
 
@@ -39,11 +42,17 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
         {"administratives", &ChoixImpressions::administratives},
         {"auto-entrepreneur", &ChoixImpressions::autoEntrepreneur},
         {"rib", &ChoixImpressions::rib},
-        {"liste", nullptr}, // the employers', the contracts' or the social-security periods' list
+        {"liste", nullptr}, // the employers', the contracts', the social-security periods' or the expenses' list
         {"cumuls", &ChoixImpressions::cumulsEmployeurs},
         {"droits", &ChoixImpressions::verificationDroits},
+        {"categories", &ChoixImpressions::categoriesFrais},
     };
     return liste;
+}
+
+bool nommee(const QList<OptionAttendue>& options, const QString& nom)
+{
+    return std::any_of(options.cbegin(), options.cend(), [&](const OptionAttendue& o) { return o.nom == nom; });
 }
 
 class CommandePdf : public Commande
@@ -53,8 +62,9 @@ public:
     bool metEnPage() const override { return true; }
     QString usage() const override
     {
-        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale --sortie CHEMIN.pdf "
-                              "[--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ]");
+        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale|frais --sortie "
+                              "CHEMIN.pdf [--sans PARTIE,…] [options de contrat lister] [options de frais lister] "
+                              "[--date AAAA-MM-JJ]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
@@ -63,6 +73,9 @@ public:
         int code = Succes;
         QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"}, {"date"}};
         options << optionsFiltreContrats();
+        for (const OptionAttendue& o : optionsFiltreFrais())
+            if (!nommee(options, o.nom))
+                options << o;
         if (!analyser(contexte, arguments, liste, options, 1, &code))
             return code;
         if (!arguments.exiger({"rapport", "sortie"}))
@@ -86,11 +99,14 @@ public:
             if (trouvee->second)
                 choix.*(trouvee->second) = false;
             else
-                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = false;
+                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = choix.listeFrais = false;
         }
+        const bool frais = rapport == QStringLiteral("frais");
+        if (const QString refus = optionDeFiltreRefusee(arguments, rapport); !refus.isEmpty())
+            return mauvaisUsage(contexte, refus);
         const bool filtre = std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(),
                                         [&](const OptionAttendue& o) { return arguments.contient(o.nom); });
-        if (filtre && rapport != QStringLiteral("contrats"))
+        if (filtre && rapport != QStringLiteral("contrats") && !frais)
             return mauvaisUsage(contexte,
                                 QStringLiteral("les options de filtre ne valent que pour --rapport contrats"));
         if (const ErreurFiltre e = verifierFiltreContrats(arguments); e.code != Succes)
@@ -127,6 +143,13 @@ public:
                 jour = Functions::retrouveDatePrefereeFromFile(QStringLiteral("securite_sociale_verification"), chemin)
                            .date();
             lu = composerRapportSecuriteSociale(compose, chemin, choix, jour.isValid() ? jour : Horloge::aujourdhui());
+        } else if (frais) {
+            nomPropose = nomRapportFrais(Horloge::aujourdhui());
+            Frais modele(chemin);
+            FiltreFrais filtreFrais;
+            if (const QString refus = lireFiltreFrais(arguments, modele, filtreFrais, &code); !refus.isEmpty())
+                return code == MauvaisUsage ? mauvaisUsage(contexte, refus) : echec(contexte, refus);
+            lu = composerRapportFrais(compose, chemin, choix, filtreFrais);
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);
@@ -152,6 +175,21 @@ public:
     }
 
 private:
+    // The expenses' filter options are theirs alone; of the contracts' options, the expenses'
+    // report takes only the span's dates and the sort word, which the two share.
+    static QString optionDeFiltreRefusee(const Arguments& arguments, const QString& rapport)
+    {
+        const bool frais = rapport == QStringLiteral("frais");
+        const QList<OptionAttendue>& contrats = optionsFiltreContrats();
+        for (const OptionAttendue& o : optionsFiltreFrais())
+            if (arguments.contient(o.nom) && !frais && !nommee(contrats, o.nom))
+                return QStringLiteral("l'option --%1 ne vaut que pour --rapport frais").arg(o.nom);
+        for (const OptionAttendue& o : contrats)
+            if (arguments.contient(o.nom) && frais && !nommee(optionsFiltreFrais(), o.nom))
+                return QStringLiteral("l'option --%1 ne vaut pas pour --rapport frais").arg(o.nom);
+        return {};
+    }
+
     // A current-generation document, with its password when it is protected. Nothing is
     // written to it, so its pages are not checked.
     static bool documentAJour(Contexte& contexte, const QString& chemin, int* code)

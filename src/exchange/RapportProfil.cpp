@@ -148,6 +148,8 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
     c.listeContrats = reglages.booleen(Cle::ContratsImpressionsListe);
     c.verificationDroits = reglages.booleen(Cle::SecuriteSocialeImpressionsVerificationDroits);
     c.listePeriodes = reglages.booleen(Cle::SecuriteSocialeImpressionsListePeriodes);
+    c.listeFrais = reglages.booleen(Cle::FraisImpressionsListe);
+    c.categoriesFrais = reglages.booleen(Cle::FraisImpressionsCategories);
     return c;
 }
 

@@ -29,6 +29,9 @@ struct ChoixImpressions
     // The social-security report.
     bool verificationDroits = true;
     bool listePeriodes = true;
+    // The expenses' report.
+    bool listeFrais = true;
+    bool categoriesFrais = true;
 
     static ChoixImpressions depuis(const Reglages& reglages);
 };

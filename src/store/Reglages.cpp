@@ -74,6 +74,14 @@ const QList<Definition>& definitions()
         {C::SecuriteSocialeTypeTrie, "SS_Type_Sorted_IsSorted", false},
         {C::SecuriteSocialeTypeIndex, "SS_Type_Sorted_Index", 0},
         {C::SecuriteSocialeColonnes, "SecuriteSociale_Colonnes", QByteArray()},
+        // The expenses list: its sort word (applied inverted: "ASC" lists the newest first), its
+        // span filter ("TOUS", "PERIODE", "ANNEE"), its category (0 for all), and the report's parts.
+        {C::FraisSens, "fraisClassementGrilleFrais", QStringLiteral("ASC")},
+        {C::FraisFiltre, "Frais_Filtre", QStringLiteral("TOUS")},
+        {C::FraisCategorie, "Frais_Categorie", 0},
+        {C::FraisColonnes, "Frais_Colonnes", QByteArray()},
+        {C::FraisImpressionsListe, "Frais_ImpressionsListe", true},
+        {C::FraisImpressionsCategories, "Frais_ImpressionsCategories", true},
     };
     return table;
 }

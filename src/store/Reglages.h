@@ -70,6 +70,12 @@ public:
         SecuriteSocialeTypeTrie,
         SecuriteSocialeTypeIndex,
         SecuriteSocialeColonnes,
+        FraisSens,
+        FraisFiltre,
+        FraisCategorie,
+        FraisColonnes,
+        FraisImpressionsListe,
+        FraisImpressionsCategories,
     };
 
     // The user's own settings store.
