@@ -129,6 +129,10 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonHistoriqueConges")},
             {dossier.filePath(QStringLiteral("auto-entrepreneur.png")), Section::Fiscalite,
              QStringLiteral("boutonAutoEntrepreneur")},
+            {dossier.filePath(QStringLiteral("formulaire-frais.png")), Section::Frais,
+             QStringLiteral("boutonNouveauFrais")},
+            {dossier.filePath(QStringLiteral("categories-frais.png")), Section::Frais,
+             QStringLiteral("boutonCategoriesFrais")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

@@ -16,6 +16,9 @@ QString filtre(const QStringList& extensions)
     for (const QString& e : extensions)
         motifs << QStringLiteral("*.") + e;
     const QString premiere = extensions.value(0);
+    // A receipt may be a scan, a photo or a PDF, or any other file.
+    if (extensions.contains(QLatin1String("pdf")) && extensions.contains(QLatin1String("jpg")))
+        return QStringLiteral("Justificatifs (%1);;Tous les fichiers (*)").arg(motifs.join(QLatin1Char(' ')));
     QString genre = QStringLiteral("Fichiers");
     if (premiere == QLatin1String("cv4") || premiere == QLatin1String("or3"))
         genre = QStringLiteral("Fichiers Corvane");

@@ -7,6 +7,7 @@
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/fiscalite/SectionFiscalite.h"
+#include "app/frais/SectionFrais.h"
 #include "app/securite/SectionSecuriteSociale.h"
 #include "app/poleemploi/SectionPoleEmploi.h"
 #include "app/tableaudebord/SectionTableauDeBord.h"
@@ -33,6 +34,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionConges(environnement, parent);
     case Section::Fiscalite:
         return new SectionFiscalite(environnement, parent);
+    case Section::Frais:
+        return new SectionFrais(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

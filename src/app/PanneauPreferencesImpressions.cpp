@@ -44,6 +44,9 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
          {{Cle::FiscaliteImpressionsCompteRendu, QStringLiteral("Compte rendu")},
           {Cle::FiscaliteImpressionsTotauxParEmployeurs, QStringLiteral("Cumuls par employeur")},
           {Cle::FiscaliteImpressionsListeContrats, QStringLiteral("Liste des contrats")}}},
+        {QStringLiteral("Frais"),
+         {{Cle::FraisImpressionsListe, QStringLiteral("Liste des frais")},
+          {Cle::FraisImpressionsCategories, QStringLiteral("Totaux par catégorie")}}},
     };
     return liste;
 }

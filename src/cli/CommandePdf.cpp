@@ -2,18 +2,21 @@
 // screen exports it; `pdf FICHIER --dossier --sortie DOSSIER`: the whole-file export.
 
 #include "cli/CommandeContrat.h"
+#include "cli/CommandeFrais.h"
 #include "cli/Commandes.h"
 
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
 #include "exchange/RapportConges.h"
 #include "exchange/RapportFiscalite.h"
+#include "exchange/RapportFrais.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
 #include "exchange/RapportTableauDeBord.h"
 #include "exchange/RapportsDossier.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Contrats.h"
+#include "records/Frais.h"
 #include "store/Fichiers.h"
 #include "store/Functions.h"
 #include "store/Horloge.h"
@@ -33,7 +36,8 @@ const QStringList& rapports()
     static const QStringList liste{QStringLiteral("profil"),           QStringLiteral("employeurs"),
                                    QStringLiteral("contrats"),         QStringLiteral("securite-sociale"),
                                    QStringLiteral("simulation"),       QStringLiteral("tableau-de-bord"),
-                                   QStringLiteral("conges"),           QStringLiteral("fiscalite")};
+                                   QStringLiteral("conges"),           QStringLiteral("fiscalite"),
+                                   QStringLiteral("frais")};
     return liste;
 }
 
@@ -51,10 +55,11 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
         {"administratives", &ChoixImpressions::administratives},
         {"auto-entrepreneur", &ChoixImpressions::autoEntrepreneur},
         {"rib", &ChoixImpressions::rib},
-        {"liste", nullptr}, // the employers', the contracts' or the social-security periods' list
+        {"liste", nullptr}, // the employers', the contracts', the social-security periods' or the expenses' list
         {"cumuls", &ChoixImpressions::cumulsEmployeurs}, // also the tax report's totals per employer
         {"droits", &ChoixImpressions::verificationDroits},
         {"compte-rendu", &ChoixImpressions::congesCompteRendu}, // the paid-leave and the tax reports' summary
+        {"categories", &ChoixImpressions::categoriesFrais},
     };
     return liste;
 }
@@ -85,6 +90,11 @@ QString sansPartieDroits(const QString& nom, ChoixRapportDroits& choix)
     return QStringLiteral("partie inconnue : « %1 » (choix : %2)").arg(nom, noms.join(", "));
 }
 
+bool nommee(const QList<OptionAttendue>& options, const QString& nom)
+{
+    return std::any_of(options.cbegin(), options.cend(), [&](const OptionAttendue& o) { return o.nom == nom; });
+}
+
 class CommandePdf : public Commande
 {
 public:
@@ -93,9 +103,10 @@ public:
     QString usage() const override
     {
         return QStringLiteral("pdf FICHIER (--rapport profil|employeurs|contrats|securite-sociale|simulation|"
-                              "tableau-de-bord|conges|fiscalite --sortie CHEMIN.pdf | --dossier --sortie DOSSIER) "
-                              "[--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ] [--annee A] [--du "
-                              "AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats tous|effectues|planifies --ij]");
+                              "tableau-de-bord|conges|fiscalite|frais --sortie CHEMIN.pdf | --dossier --sortie "
+                              "DOSSIER) [--sans PARTIE,…] [options de contrat lister] [options de frais lister] [--date "
+                              "AAAA-MM-JJ] [--annee A] [--du AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats "
+                              "tous|effectues|planifies --ij]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
@@ -106,6 +117,9 @@ public:
                                       {"annee"},   {"contrats"}, {"ij", false}};
         options << optionsFiltreContrats();
         options << OptionAttendue{QStringLiteral("dossier"), false};
+        for (const OptionAttendue& o : optionsFiltreFrais())
+            if (!nommee(options, o.nom))
+                options << o;
         if (!analyser(contexte, arguments, liste, options, 1, &code))
             return code;
         if (arguments.contient("dossier"))
@@ -139,10 +153,13 @@ public:
                 choix.*(trouvee->second) = false;
             else
                 choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = choix.congesListeContrats =
-                    choix.fiscaliteListeContrats = false;
+                    choix.fiscaliteListeContrats = choix.listeFrais = false;
         }
         choix.fiscaliteTotauxEmployeurs = choix.cumulsEmployeurs;
         choix.fiscaliteCompteRendu = choix.congesCompteRendu;
+        const bool frais = rapport == QStringLiteral("frais");
+        if (const QString refus = optionDeFiltreRefusee(arguments, rapport); !refus.isEmpty())
+            return mauvaisUsage(contexte, refus);
         // --du and --au give the range of the simulation and the period of the paid-leave and tax
         // reports; nothing else of the contracts' filter goes with them.
         const bool conges = rapport == QStringLiteral("conges");
@@ -159,7 +176,7 @@ public:
         std::optional<PlageDeDroits> plage;
         if (droits && !(plage = lirePlageDeDroits(contexte, arguments, &code)))
             return code;
-        if (filtre && rapport != QStringLiteral("contrats"))
+        if (filtre && rapport != QStringLiteral("contrats") && !frais)
             return mauvaisUsage(contexte,
                                 QStringLiteral("les options de filtre ne valent que pour --rapport contrats"));
         if (const ErreurFiltre e = verifierFiltreContrats(arguments); e.code != Succes)
@@ -235,6 +252,13 @@ public:
             demande.du = du.value_or(QDate());
             demande.au = au.value_or(QDate());
             lu = composerRapportFiscalite(compose, chemin, choix, demande);
+        } else if (frais) {
+            nomPropose = nomRapportFrais(Horloge::aujourdhui());
+            Frais modele(chemin);
+            FiltreFrais filtreFrais;
+            if (const QString refus = lireFiltreFrais(arguments, modele, filtreFrais, &code); !refus.isEmpty())
+                return code == MauvaisUsage ? mauvaisUsage(contexte, refus) : echec(contexte, refus);
+            lu = composerRapportFrais(compose, chemin, choix, filtreFrais);
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);
@@ -333,6 +357,21 @@ private:
         for (const auto& p : parties())
             liste << p.first;
         return liste;
+    }
+
+    // The expenses' filter options are theirs alone; of the contracts' options, the expenses'
+    // report takes only the span's dates and the sort word, which the two share.
+    static QString optionDeFiltreRefusee(const Arguments& arguments, const QString& rapport)
+    {
+        const bool frais = rapport == QStringLiteral("frais");
+        const QList<OptionAttendue>& contrats = optionsFiltreContrats();
+        for (const OptionAttendue& o : optionsFiltreFrais())
+            if (arguments.contient(o.nom) && !frais && !nommee(contrats, o.nom))
+                return QStringLiteral("l'option --%1 ne vaut que pour --rapport frais").arg(o.nom);
+        for (const OptionAttendue& o : contrats)
+            if (arguments.contient(o.nom) && frais && !nommee(optionsFiltreFrais(), o.nom))
+                return QStringLiteral("l'option --%1 ne vaut pas pour --rapport frais").arg(o.nom);
+        return {};
     }
 
     // A current-generation document, with its password when it is protected. Nothing is

@@ -25,6 +25,8 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeJoursIndemnises());
     liste.push_back(commandeVersementAre());
     liste.push_back(commandeMaladie());
+    liste.push_back(commandeFrais());
+    liste.push_back(commandeCategorieFrais());
     liste.push_back(commandeConges());
     liste.push_back(commandeVersementConges());
     liste.push_back(commandeFiscalite());

@@ -157,6 +157,8 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
     c.fiscaliteCompteRendu = reglages.booleen(Cle::FiscaliteImpressionsCompteRendu);
     c.fiscaliteTotauxEmployeurs = reglages.booleen(Cle::FiscaliteImpressionsTotauxParEmployeurs);
     c.fiscaliteListeContrats = reglages.booleen(Cle::FiscaliteImpressionsListeContrats);
+    c.listeFrais = reglages.booleen(Cle::FraisImpressionsListe);
+    c.categoriesFrais = reglages.booleen(Cle::FraisImpressionsCategories);
     return c;
 }
 

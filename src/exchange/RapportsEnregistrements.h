@@ -42,6 +42,9 @@ struct ChoixImpressions
     bool fiscaliteCompteRendu = true;
     bool fiscaliteTotauxEmployeurs = true;
     bool fiscaliteListeContrats = true;
+    // The expenses' report.
+    bool listeFrais = true;
+    bool categoriesFrais = true;
 
     static ChoixImpressions depuis(const Reglages& reglages);
 };

@@ -243,6 +243,19 @@ std::optional<ContratModele> ContratsModeles::contenuDuModeleDepuisEmployeurId(i
     m.salaireBrut = r.reel(4);
     m.salaireNet = r.reel(5);
     m.employeurId = employeurId;
+    // The expense to create with the contract, which the statement above leaves out (a document
+    // not yet upgraded has none).
+    Requete frais(m_db, QStringLiteral("SELECT cm_id, cm_associer_frais, cm_fraistype_id, cm_frais_montant, "
+                                       "cm_frais_details FROM contratsmodeles JOIN employeurs ON e_contratmodele_id = "
+                                       "cm_id WHERE employeurs.e_id=%1;")
+                            .arg(uint(employeurId)));
+    if (frais.suivante()) {
+        m.id = int(frais.entier(0));
+        m.associerFrais = int(frais.entier(1));
+        m.fraisTypeId = int(frais.entier(2));
+        m.fraisMontant = frais.reel(3);
+        m.fraisDetails = frais.texte(4);
+    }
     return m;
 }
 

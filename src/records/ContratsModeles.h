@@ -65,7 +65,8 @@ public:
     Lignes listeLesModeles_v4();
     QStringList tousLesModeles();
     std::optional<ContratModele> contenuDuModele(const QString& libelle);
-    // The template an employer carries: job, type, days, hours, gross and net.
+    // The template an employer carries: job, type, days, hours, gross and net, and the expense
+    // to create with the contract.
     std::optional<ContratModele> contenuDuModeleDepuisEmployeurId(int employeurId);
 
     // The kinds a template of that job may take: contract types in key order, or for the

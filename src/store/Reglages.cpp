@@ -110,6 +110,14 @@ const QList<Definition>& definitions()
         {C::FiscaliteImpressionsListeContrats, "Fiscalite_ImpressionsListeContrats", true},
         {C::AutoEntrepreneurSiteInternet, "AutoEntrepreneur_SiteInternet",
          QStringLiteral("https://www.autoentrepreneur.urssaf.fr/")},
+        // The expenses list: its sort word (applied inverted: "ASC" lists the newest first), its
+        // span filter ("TOUS", "PERIODE", "ANNEE"), its category (0 for all), and the report's parts.
+        {C::FraisSens, "fraisClassementGrilleFrais", QStringLiteral("ASC")},
+        {C::FraisFiltre, "Frais_Filtre", QStringLiteral("TOUS")},
+        {C::FraisCategorie, "Frais_Categorie", 0},
+        {C::FraisColonnes, "Frais_Colonnes", QByteArray()},
+        {C::FraisImpressionsListe, "Frais_ImpressionsListe", true},
+        {C::FraisImpressionsCategories, "Frais_ImpressionsCategories", true},
     };
     return table;
 }

@@ -102,6 +102,12 @@ public:
         FiscaliteImpressionsTotauxParEmployeurs,
         FiscaliteImpressionsListeContrats,
         AutoEntrepreneurSiteInternet,
+        FraisSens,
+        FraisFiltre,
+        FraisCategorie,
+        FraisColonnes,
+        FraisImpressionsListe,
+        FraisImpressionsCategories,
     };
 
     // The user's own settings store.

@@ -1,8 +1,10 @@
 #include "unemployment/SaisieContrat.h"
 
 #include "records/Contrats.h"
+#include "records/Frais.h"
 #include "store/Dates.h"
 #include "store/Horloge.h"
+#include "store/PointDeSauvegarde.h"
 #include "store/SaisieFrancaise.h"
 #include "store/Schema.h"
 #include "unemployment/FonctionsParametres.h"
@@ -329,6 +331,22 @@ EnregistrementContrat SaisieContrat::enregistrer(Contrats& contrats, int id) con
     if (id == 0)
         contrat.listeDates.clear(); // new contracts no longer write day numbers
 
+    // A new contract and the expense its template asks for are written together, or neither.
+    PointDeSauvegarde ecriture(contrats.db());
+    QString avertissementFrais;
+    if (id == 0 && modele && modele->associerFrais) {
+        Depense depense;
+        depense.categorieId = modele->fraisTypeId;
+        depense.montant = modele->fraisMontant;
+        depense.details = modele->fraisDetails;
+        depense.date = debut;
+        Frais frais(contrats.db());
+        if (const QString refus = frais.refusValeurs(depense); !refus.isEmpty())
+            avertissementFrais =
+                QStringLiteral("La dépense prévue par le modèle de contrat n'a pas été créée. %1").arg(refus);
+        else if (const int fraisId = frais.enregistreFrais(depense); fraisId > 0)
+            contrat.fraisLies << fraisId;
+    }
     if (id == 0) {
         resultat.id = contrats.enregistreContratDepuisEcran(contrat);
         if (resultat.id == 0) {
@@ -341,8 +359,17 @@ EnregistrementContrat SaisieContrat::enregistrer(Contrats& contrats, int id) con
         contrats.modifieContratDepuisEcran(contrat);
         resultat.id = id;
     }
-    contrats.enregistreFraisLies(resultat.id, fraisLies);
-    resultat.avertissement = Contrats::messageSuperpositions(contrats.nombreDeSuperpositionsAvecContratsDu(debut, fin));
+    contrats.enregistreFraisLies(resultat.id, contrat.fraisLies);
+    if (!ecriture.valider()) {
+        resultat.refus = {
+            QStringLiteral("Gestion des contrats"),
+            QStringLiteral("Le contrat n'a pas pu être enregistré : %1").arg(contrats.db().derniereErreur())};
+        resultat.id = 0;
+        return resultat;
+    }
+    const QString superpositions =
+        Contrats::messageSuperpositions(contrats.nombreDeSuperpositionsAvecContratsDu(debut, fin));
+    resultat.avertissement = QStringList{superpositions, avertissementFrais}.join(QLatin1Char('\n')).trimmed();
     return resultat;
 }
 

@@ -72,13 +72,13 @@ private slots:
         QStringList attendus{QStringLiteral("fenetre-principale.png")};
         for (const DescriptionSection& d : sectionsNavigation())
             attendus << QStringLiteral("section-%1.png").arg(app::nomDeFichierSection(d.titre));
-        // The windows opened from the menus, the toolbar and the sections, and the contract and
-        // social-security forms.
-        const QStringList fenetres{"profil.png",      "periodes.png",          "modeles-contrat.png",
-                                   "preferences.png", "versements-conges.png", "auto-entrepreneur.png",
-                                   "versements-pole-emploi.png"};
+        // The windows opened from the menus, the toolbar and the sections, and the contract,
+        // social-security and expense forms.
+        const QStringList fenetres{"profil.png",           "periodes.png",          "modeles-contrat.png",
+                                   "preferences.png",      "versements-conges.png", "auto-entrepreneur.png",
+                                   "versements-pole-emploi.png", "categories-frais.png"};
         attendus << fenetres << QStringLiteral("formulaire-contrat.png")
-                 << QStringLiteral("formulaire-securite-sociale.png");
+                 << QStringLiteral("formulaire-securite-sociale.png") << QStringLiteral("formulaire-frais.png");
         attendus.sort();
         QCOMPARE(QDir(dossier).entryList(QDir::Files, QDir::Name), attendus);
         for (const QString& nom : attendus) {

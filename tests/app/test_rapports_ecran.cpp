@@ -1,7 +1,7 @@
 // The PDF side of the screens: the "Exporter en PDF…" and "Imprimer" buttons of the contracts
-// list, the employers section and the profile window (the save panel with the report's name,
-// the file written and offered for display, the contracts as filtered on screen, the settings'
-// parts), the buttons of every screen without a document, the viewer window, and the
+// list, the employers section, the expenses list and the profile window (the save panel with the
+// report's name, the file written and offered for display, the lists as filtered on screen, the
+// settings' parts), the buttons of every screen without a document, the viewer window, and the
 // "Impressions" pane of the preferences.
 
 #include "app/ApercuPdf.h"
@@ -13,12 +13,16 @@
 #include "app/contrats/SectionContrats.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/poleemploi/SectionPoleEmploi.h"
+#include "app/frais/ListeFrais.h"
+#include "app/frais/ModeleFrais.h"
+#include "app/frais/SectionFrais.h"
 #include "app/profil/FenetreProfil.h"
 #include "commun/OutilsEcran.h"
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "exchange/test_pdf_lecture.h"
+#include "records/Frais.h"
 #include "records/OutilsContrats.h"
 
 #include <QAction>
@@ -106,6 +110,9 @@ private slots:
             "Liste des employeurs", "Totaux 8 96 3 734,56 € 2 900,50 €", "Courriel");
         cas("profil sans état civil", "Profil", Reglages::nom(C::ProfilImpressionsEtatCivil),
             "Relevé d'informations 21 11 2026", "Informations personnelles", "Nom : Dupont");
+        cas("frais d'une catégorie sans les totaux par catégorie", "Frais",
+            Reglages::nom(C::FraisImpressionsCategories), "Frais professionnels 21 11 2026", "Total 45,50 €",
+            "Totaux par catégorie");
     }
 
     void exporter()
@@ -128,6 +135,20 @@ private slots:
             auto* section = new SectionEmployeurs(m_banc->environnement);
             fenetre.reset(section);
             section->setDocument(m_banc->document(section));
+        } else if (ecran == "Frais") {
+            Frais frais(m_banc->chemin);
+            for (const auto& [categorie, montant] : {std::pair{13, 45.5}, std::pair{1, 320.0}}) {
+                Depense d;
+                d.categorieId = categorie;
+                d.date = QDate(2024, 3, 4);
+                d.montant = montant;
+                QVERIFY(frais.enregistreFrais(d) > 0);
+            }
+            auto* liste = new ListeFrais(m_banc->environnement);
+            fenetre.reset(liste);
+            liste->setDocument(m_banc->document(liste));
+            choisir(*liste, "filtreCategorieFrais", "Transport");
+            QCOMPARE(liste->modele()->rowCount(), 1);
         } else {
             fenetre = std::make_unique<FenetreProfil>(m_banc->environnement, m_banc->document(this));
         }
@@ -170,6 +191,10 @@ private slots:
         cas("profil, PDF", "Profil", pdf("Profil"), "Gestion des PDF");
         cas("nouveau contrat", "SectionContrats", QStringList{"boutonNouveauContrat"}, "Gestion des contrats");
         cas("nouvel employeur", "Employeurs", QStringList{"boutonNouvelEmployeur"}, "Gestion des employeurs");
+        cas("frais, PDF", "SectionFrais", pdf("Frais"), "Exports PDF");
+        cas("nouvelle dépense", "SectionFrais", QStringList{"boutonNouveauFrais"}, "Gestion des frais");
+        cas("catégories de frais", "SectionFrais", QStringList{"boutonCategoriesFrais"},
+            "Gestion des catégories de frais");
     }
 
     void sansDocument()
@@ -185,6 +210,8 @@ private slots:
             fenetre = std::make_unique<SectionContrats>(b.environnement);
         else if (ecran == "Employeurs")
             fenetre = std::make_unique<SectionEmployeurs>(b.environnement);
+        else if (ecran == "SectionFrais")
+            fenetre = std::make_unique<SectionFrais>(b.environnement);
         else
             fenetre = std::make_unique<FenetreProfil>(b.environnement, nullptr);
         montrerActive(*fenetre);

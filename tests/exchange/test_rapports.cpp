@@ -1,4 +1,4 @@
-// The record reports (profile summary, employers, contracts), the social-security, paid-leave and
+// The record reports (profile summary, employers, contracts, expenses), the social-security, paid-leave and
 // income-tax reports composed from real documents, written to PDF and read back and compared whole with their
 // stored text: the parts each setting prints, the filters, the file names, the search in other
 // viewers, and a long career whose contracts are each listed exactly once.
@@ -9,12 +9,14 @@
 #include "exchange/Rapport.h"
 #include "exchange/RapportConges.h"
 #include "exchange/RapportFiscalite.h"
+#include "exchange/RapportFrais.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
 #include "exchange/RapportTableauDeBord.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/Contrats.h"
+#include "records/Frais.h"
 #include "records/OutilsContrats.h"
 #include "records/Profil.h"
 #include "regimes/SecuriteSociale.h"
@@ -127,6 +129,21 @@ private slots:
         ajouterContrat(m_emplois, {orly, QDate(2024, 1, 8), QDate(2024, 1, 10), 36, 3, 1234.56, 950.5, 1, 1});
         ajouterContrat(m_emplois, {orly, QDate(2024, 2, 5), QDate(2024, 2, 5), 12, 1, 200.0, 155.25, 1, 1});
         ajouterContrat(m_emplois, {opera, QDate(2024, 3, 4), QDate(2024, 3, 8), 60, 5, 2500.0, 1950.0, 1, 0});
+        // Expenses in euros and in kilometres, one with a note too long for its column.
+        Frais frais(m_emplois);
+        const QList<std::tuple<int, QDate, double, QString>> depenses{
+            {13, QDate(2024, 1, 8), 45.5, QStringLiteral("Train Paris – Orly")},
+            {1, QDate(2024, 3, 4), 1250.5, QStringLiteral("Tournée")},
+            {8, QDate(2024, 3, 5), 1234.56, nomLong},
+            {13, QDate(2026, 2, 2), 12.0, QStringLiteral("Métro")}};
+        for (const auto& [categorie, date, montant, note] : depenses) {
+            Depense d;
+            d.categorieId = categorie;
+            d.date = date;
+            d.montant = montant;
+            d.details = note;
+            QVERIFY(frais.enregistreFrais(d) > 0);
+        }
     }
 
     void cleanupTestCase() { Horloge::reinitialiser(); }
@@ -138,6 +155,7 @@ private slots:
         QCOMPARE(nomRapportSecuriteSociale(QDate(2026, 3, 5)), QStringLiteral("Sécurité Sociale 2026 3 5"));
         QCOMPARE(nomRapportConges(QDate(2026, 3, 5)), QStringLiteral("Congés Spectacles 2026 3 5"));
         QCOMPARE(nomRapportFiscalite(QDate(2026, 3, 5)), QStringLiteral("Fiscalité 2026 3 5"));
+        QCOMPARE(nomRapportFrais(QDate(2026, 3, 5)), QStringLiteral("Frais professionnels 5 3 2026"));
     }
 
     void choixDepuisLesReglages()
@@ -171,6 +189,13 @@ private slots:
         orly.employeur = QStringLiteral("Théâtre d'Orly");
         FiltreContrats nonPayes;
         nonPayes.paye = 2;
+        FiltreFrais km;
+        km.filtre = QStringLiteral("PERIODE");
+        km.du = QDate(2024, 1, 1);
+        km.au = QDate(2024, 12, 31);
+        km.categorie = Frais::kCategorieKilometrage;
+        FiltreFrais anciensDabord;
+        anciensDabord.sens = QStringLiteral("DESC");
         ChoixImpressions aucunEmployeur = sans(&ChoixImpressions::listeEmployeurs);
         aucunEmployeur.cumulsEmployeurs = false;
         const QString salarie = documentContrats(m_dossier, QStringLiteral("salarie.cv4"));
@@ -207,6 +232,15 @@ private slots:
              [&](Rapport& r) {
                  return composerRapportContrats(r, m_emplois, sans(&ChoixImpressions::listeContrats), {});
              }},
+            {"frais", [&](Rapport& r) { return composerRapportFrais(r, m_emplois, {}, {}); }},
+            {"frais kilométriques d'une période",
+             [&](Rapport& r) { return composerRapportFrais(r, m_emplois, {}, km); }},
+            {"frais, les plus anciens d'abord, sans les catégories",
+             [&](Rapport& r) {
+                 return composerRapportFrais(r, m_emplois, sans(&ChoixImpressions::categoriesFrais), anciensDabord);
+             }},
+            {"frais sans la liste",
+             [&](Rapport& r) { return composerRapportFrais(r, m_emplois, sans(&ChoixImpressions::listeFrais), {}); }},
         };
         QStringList texte;
         for (const auto& [nom, composer] : rapports) {
@@ -230,6 +264,7 @@ private slots:
         DemandeFiscalite annee;
         annee.annee = 2026;
         QVERIFY(!composerRapportFiscalite(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), annee));
+        QVERIFY(!composerRapportFrais(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), {}));
         QVERIFY(!QFileInfo::exists(m_dossier.filePath("absent.cv4")));
         QVERIFY(r.document().isEmpty());
     }

@@ -1,9 +1,10 @@
 // The contract form's derivations and checks: days and hours per job, the grouped
 // periods before the 2016 switch (an instant at +01:00), the done box, templates, the "AP"
 // box, type changes and abatements, the self-employed computation, the checks in their
-// order, and the save with its sickness-overlap warning.
+// order, and the save with its sickness-overlap warning and the expense its template asks for.
 
 #include "records/Contrats.h"
+#include "records/ContratsModeles.h"
 #include "records/OutilsContrats.h"
 #include "store/Horloge.h"
 #include "store/SaisieFrancaise.h"
@@ -514,6 +515,73 @@ private slots:
                                     .arg(fait.id)),
                  QStringLiteral("12|"));
         QCOMPARE(valeur(chemin, "SELECT COUNT(*) FROM contrats_frais;"), QStringLiteral("0"));
+    }
+
+    // A template that asks for an expense: the new contract is saved with it, linked both ways;
+    // saving the contract again adds none.
+    void modeleAvecDepense_data()
+    {
+        QTest::addColumn<bool>("associer");
+        QTest::addColumn<int>("categorie");
+        QTest::addColumn<double>("montant");
+        QTest::addColumn<QString>("depense"); // category|amount|note|date|linked contract, "" for none
+        QTest::addColumn<QString>("avertissement");
+        cas("a transport expense", true, 13, 42.5, "13|42.5|Navette|2024-03-10 00:00:00.000|1", "");
+        cas("a distance for the mileage category", true, 1, 320.0, "1|320.0|Navette|2024-03-10 00:00:00.000|1", "");
+        cas("no expense asked", false, 13, 42.5, "", "");
+        cas("a category since deleted", true, 99, 10.0, "",
+            "La dépense prévue par le modèle de contrat n'a pas été créée. Veuillez choisir la catégorie de la "
+            "dépense.");
+    }
+
+    void modeleAvecDepense()
+    {
+        QFETCH(bool, associer);
+        QFETCH(int, categorie);
+        QFETCH(double, montant);
+        QFETCH(QString, depense);
+        QFETCH(QString, avertissement);
+        const QString chemin = nouveauDocument();
+        Contrats contrats(chemin);
+        ContratsModeles modeles(contrats.db());
+        ContratModele m;
+        m.libelle = QStringLiteral("Navette");
+        m.jours = 2;
+        m.heures = 24;
+        m.associerFrais = associer;
+        m.fraisTypeId = categorie;
+        m.fraisMontant = montant;
+        m.fraisDetails = QStringLiteral("Navette");
+        m.id = modeles.enregistreContratsModele(m);
+        QVERIFY(m.id > 0 && modeles.enregistreComplements(m));
+        const int employeur = ajouterEmployeur(chemin, QStringLiteral("Opéra"), m.id);
+
+        SaisieContrat s;
+        s.nouveau(contrats);
+        s.employeurId = employeur;
+        s.choisirDates(SaisieContrat::instantDuSelecteur(QDate(2024, 3, 10)),
+                       SaisieContrat::instantDuSelecteur(QDate(2024, 3, 10)));
+        const auto modele = modeles.contenuDuModeleDepuisEmployeurId(employeur);
+        QVERIFY(modele);
+        s.appliquerModele(*modele);
+        const EnregistrementContrat fait = s.enregistrer(contrats);
+        QVERIFY(!fait.refus.estRefuse());
+        QCOMPARE(fait.avertissement, avertissement);
+        QCOMPARE(valeur(chemin, "SELECT f_categorie || '|' || f_montant || '|' || f_details || '|' || f_date || '|' || "
+                                "f_contrat_lie FROM frais;"),
+                 depense);
+        const QString lie = depense.isEmpty() ? QString() : QStringLiteral("1");
+        QCOMPARE(valeur(chemin, "SELECT c_frais_lies FROM contrats;"), lie);
+        QCOMPARE(valeur(chemin, "SELECT group_concat(contrat_id || '-' || frais_id) FROM contrats_frais;"),
+                 depense.isEmpty() ? QString() : QStringLiteral("1-1"));
+        // Edited and saved again with the employer's template, the contract keeps its one expense.
+        SaisieContrat modif;
+        QVERIFY(modif.charger(contrats, fait.id));
+        modif.appliquerModele(*modele);
+        QVERIFY(!modif.enregistrer(contrats, fait.id).refus.estRefuse());
+        QCOMPARE(valeur(chemin, "SELECT COUNT(*) || '|' || COUNT(f_contrat_lie) FROM frais;"),
+                 depense.isEmpty() ? "0|0" : "1|1");
+        QCOMPARE(valeur(chemin, "SELECT c_frais_lies FROM contrats;"), lie);
     }
 
     void sansDocument()

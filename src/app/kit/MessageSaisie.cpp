@@ -22,6 +22,14 @@ void MessageSaisie::surveiller(ChampChiffre* champ, const QString& libelle)
     actualiser();
 }
 
+void MessageSaisie::renommer(ChampChiffre* champ, const QString& libelle)
+{
+    for (auto& [surveille, nom] : m_champs)
+        if (surveille == champ)
+            nom = libelle;
+    actualiser();
+}
+
 QString MessageSaisie::refus() const
 {
     for (const auto& [champ, libelle] : m_champs) {

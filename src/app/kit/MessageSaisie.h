@@ -18,6 +18,8 @@ public:
     explicit MessageSaisie(QWidget* parent = nullptr);
 
     void surveiller(ChampChiffre* champ, const QString& libelle);
+    // A field watched already, now named otherwise (an amount that becomes a distance).
+    void renommer(ChampChiffre* champ, const QString& libelle);
     // "Salaire brut : le caractère « O » n'est pas permis (…)." for the first field that
     // cannot be read (in the order watched), or "".
     QString refus() const;
