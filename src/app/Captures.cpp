@@ -118,6 +118,8 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonNouveauContrat")},
             {dossier.filePath(QStringLiteral("formulaire-securite-sociale.png")), Section::SecuriteSociale,
              QStringLiteral("boutonNouveauSS")},
+            {dossier.filePath(QStringLiteral("formulaire-droits-voisins.png")), Section::DroitsVoisins,
+             QStringLiteral("boutonNouveauDv")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

@@ -4,6 +4,7 @@
 #include "app/PageSection.h"
 #include "app/SectionFichiers.h"
 #include "app/contrats/SectionContrats.h"
+#include "app/droitsvoisins/SectionDroitsVoisins.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/securite/SectionSecuriteSociale.h"
 
@@ -21,6 +22,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionEmployeurs(environnement, parent);
     case Section::SecuriteSociale:
         return new SectionSecuriteSociale(environnement, parent);
+    case Section::DroitsVoisins:
+        return new SectionDroitsVoisins(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

@@ -26,6 +26,9 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
         {QStringLiteral("Sécurité Sociale"),
          {{Cle::SecuriteSocialeImpressionsVerificationDroits, QStringLiteral("Vérification des droits")},
           {Cle::SecuriteSocialeImpressionsListePeriodes, QStringLiteral("Liste de toutes les périodes")}}},
+        {QStringLiteral("Droits voisins"),
+         {{Cle::DroitsVoisinsImpressionsCompteRendu, QStringLiteral("Compte rendu")},
+          {Cle::DroitsVoisinsImpressionsListeVersements, QStringLiteral("Liste des versements")}}},
     };
     return liste;
 }

@@ -6,6 +6,7 @@
 
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
+#include "exchange/RapportDroitsVoisins.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportsEnregistrements.h"
 #include "records/Contrats.h"
@@ -24,7 +25,7 @@ namespace {
 const QStringList& rapports()
 {
     static const QStringList liste{QStringLiteral("profil"), QStringLiteral("employeurs"), QStringLiteral("contrats"),
-                                   QStringLiteral("securite-sociale")};
+                                   QStringLiteral("securite-sociale"), QStringLiteral("droits-voisins")};
     return liste;
 }
 
@@ -39,9 +40,10 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
         {"administratives", &ChoixImpressions::administratives},
         {"auto-entrepreneur", &ChoixImpressions::autoEntrepreneur},
         {"rib", &ChoixImpressions::rib},
-        {"liste", nullptr}, // the employers', the contracts' or the social-security periods' list
+        {"liste", nullptr}, // the employers', the contracts', the social-security periods' or the payments' list
         {"cumuls", &ChoixImpressions::cumulsEmployeurs},
         {"droits", &ChoixImpressions::verificationDroits},
+        {"compte-rendu", &ChoixImpressions::compteRenduDroitsVoisins},
     };
     return liste;
 }
@@ -53,8 +55,8 @@ public:
     bool metEnPage() const override { return true; }
     QString usage() const override
     {
-        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale --sortie CHEMIN.pdf "
-                              "[--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ]");
+        return QStringLiteral("pdf FICHIER --rapport profil|employeurs|contrats|securite-sociale|droits-voisins "
+                              "--sortie CHEMIN.pdf [--sans PARTIE,…] [options de contrat lister] [--date AAAA-MM-JJ]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
@@ -86,7 +88,8 @@ public:
             if (trouvee->second)
                 choix.*(trouvee->second) = false;
             else
-                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = false;
+                choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = choix.listeVersementsDroitsVoisins =
+                    false;
         }
         const bool filtre = std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(),
                                         [&](const OptionAttendue& o) { return arguments.contient(o.nom); });
@@ -119,6 +122,9 @@ public:
         } else if (rapport == QStringLiteral("employeurs")) {
             nomPropose = nomRapportEmployeurs();
             lu = composerRapportEmployeurs(compose, chemin, choix);
+        } else if (rapport == QStringLiteral("droits-voisins")) {
+            nomPropose = nomRapportDroitsVoisins(Horloge::aujourdhui());
+            lu = composerRapportDroitsVoisins(compose, chemin, choix);
         } else if (securiteSociale) {
             // The rights are checked on the day given, else on the day the screen shows.
             nomPropose = nomRapportSecuriteSociale(Horloge::aujourdhui());

@@ -148,6 +148,8 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
     c.listeContrats = reglages.booleen(Cle::ContratsImpressionsListe);
     c.verificationDroits = reglages.booleen(Cle::SecuriteSocialeImpressionsVerificationDroits);
     c.listePeriodes = reglages.booleen(Cle::SecuriteSocialeImpressionsListePeriodes);
+    c.compteRenduDroitsVoisins = reglages.booleen(Cle::DroitsVoisinsImpressionsCompteRendu);
+    c.listeVersementsDroitsVoisins = reglages.booleen(Cle::DroitsVoisinsImpressionsListeVersements);
     return c;
 }
 

@@ -29,6 +29,9 @@ struct ChoixImpressions
     // The social-security report.
     bool verificationDroits = true;
     bool listePeriodes = true;
+    // The neighbouring-rights report.
+    bool compteRenduDroitsVoisins = true;
+    bool listeVersementsDroitsVoisins = true;
 
     static ChoixImpressions depuis(const Reglages& reglages);
 };

@@ -74,6 +74,13 @@ const QList<Definition>& definitions()
         {C::SecuriteSocialeTypeTrie, "SS_Type_Sorted_IsSorted", false},
         {C::SecuriteSocialeTypeIndex, "SS_Type_Sorted_Index", 0},
         {C::SecuriteSocialeColonnes, "SecuriteSociale_Colonnes", QByteArray()},
+        {C::DroitsVoisinsImpressionsCompteRendu, "DroitsVoisins_ImpressionsCompteRendu", true},
+        {C::DroitsVoisinsImpressionsListeVersements, "DroitsVoisins_ImpressionsListeVersements", true},
+        // The neighbouring-rights list: one body's payments (on, body id), newest first.
+        {C::DroitsVoisinsTriParOrganisme, "DvIsSortedByOrganisms", false},
+        {C::DroitsVoisinsOrganisme, "DvSortedOrganism", 0},
+        {C::DroitsVoisinsSens, "gridDvSortOrder", QStringLiteral("DESC")},
+        {C::DroitsVoisinsColonnes, "DroitsVoisins_Colonnes", QByteArray()},
     };
     return table;
 }

@@ -70,6 +70,12 @@ public:
         SecuriteSocialeTypeTrie,
         SecuriteSocialeTypeIndex,
         SecuriteSocialeColonnes,
+        DroitsVoisinsImpressionsCompteRendu,
+        DroitsVoisinsImpressionsListeVersements,
+        DroitsVoisinsTriParOrganisme,
+        DroitsVoisinsOrganisme,
+        DroitsVoisinsSens,
+        DroitsVoisinsColonnes,
     };
 
     // The user's own settings store.

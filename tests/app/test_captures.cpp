@@ -72,10 +72,11 @@ private slots:
         QStringList attendus{QStringLiteral("fenetre-principale.png")};
         for (const DescriptionSection& d : sectionsNavigation())
             attendus << QStringLiteral("section-%1.png").arg(app::nomDeFichierSection(d.titre));
-        // The windows opened from the menus, and the contract and social-security forms.
+        // The windows opened from the menus, and the contract, social-security and neighbouring-rights forms.
         const QStringList fenetres{"profil.png", "periodes.png", "modeles-contrat.png", "preferences.png"};
         attendus << fenetres << QStringLiteral("formulaire-contrat.png")
-                 << QStringLiteral("formulaire-securite-sociale.png");
+                 << QStringLiteral("formulaire-securite-sociale.png")
+                 << QStringLiteral("formulaire-droits-voisins.png");
         attendus.sort();
         QCOMPARE(QDir(dossier).entryList(QDir::Files, QDir::Name), attendus);
         for (const QString& nom : attendus) {

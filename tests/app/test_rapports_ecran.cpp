@@ -11,6 +11,7 @@
 #include "app/contrats/ListeContrats.h"
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/contrats/SectionContrats.h"
+#include "app/droitsvoisins/SectionDroitsVoisins.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/profil/FenetreProfil.h"
 #include "commun/OutilsEcran.h"
@@ -165,6 +166,9 @@ private slots:
         cas("profil, PDF", "Profil", pdf("Profil"), "Gestion des PDF");
         cas("nouveau contrat", "SectionContrats", QStringList{"boutonNouveauContrat"}, "Gestion des contrats");
         cas("nouvel employeur", "Employeurs", QStringList{"boutonNouvelEmployeur"}, "Gestion des employeurs");
+        cas("droits voisins, PDF", "DroitsVoisins", pdf("DroitsVoisins"), "Exports PDF");
+        cas("nouveau versement, catégories", "DroitsVoisins", QStringList{"boutonNouveauDv", "boutonCategoriesDv"},
+            "Gestion des Droits voisins");
     }
 
     void sansDocument()
@@ -180,6 +184,8 @@ private slots:
             fenetre = std::make_unique<SectionContrats>(b.environnement);
         else if (ecran == "Employeurs")
             fenetre = std::make_unique<SectionEmployeurs>(b.environnement);
+        else if (ecran == "DroitsVoisins")
+            fenetre = std::make_unique<SectionDroitsVoisins>(b.environnement);
         else
             fenetre = std::make_unique<FenetreProfil>(b.environnement, nullptr);
         montrerActive(*fenetre);
