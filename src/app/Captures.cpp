@@ -133,6 +133,8 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonNouveauFrais")},
             {dossier.filePath(QStringLiteral("categories-frais.png")), Section::Frais,
              QStringLiteral("boutonCategoriesFrais")},
+            {dossier.filePath(QStringLiteral("formulaire-droits-voisins.png")), Section::DroitsVoisins,
+             QStringLiteral("boutonNouveauDv")},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

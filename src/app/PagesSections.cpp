@@ -5,6 +5,7 @@
 #include "app/SectionFichiers.h"
 #include "app/conges/SectionConges.h"
 #include "app/contrats/SectionContrats.h"
+#include "app/droitsvoisins/SectionDroitsVoisins.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/fiscalite/SectionFiscalite.h"
 #include "app/frais/SectionFrais.h"
@@ -36,6 +37,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionFiscalite(environnement, parent);
     case Section::Frais:
         return new SectionFrais(environnement, parent);
+    case Section::DroitsVoisins:
+        return new SectionDroitsVoisins(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }

@@ -47,6 +47,9 @@ const QList<PanneauPreferencesImpressions::Groupe>& PanneauPreferencesImpression
         {QStringLiteral("Frais"),
          {{Cle::FraisImpressionsListe, QStringLiteral("Liste des frais")},
           {Cle::FraisImpressionsCategories, QStringLiteral("Totaux par catégorie")}}},
+        {QStringLiteral("Droits voisins"),
+         {{Cle::DroitsVoisinsImpressionsCompteRendu, QStringLiteral("Compte rendu")},
+          {Cle::DroitsVoisinsImpressionsListeVersements, QStringLiteral("Liste des versements")}}},
     };
     return liste;
 }

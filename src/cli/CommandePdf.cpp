@@ -10,6 +10,7 @@
 #include "exchange/RapportConges.h"
 #include "exchange/RapportFiscalite.h"
 #include "exchange/RapportFrais.h"
+#include "exchange/RapportDroitsVoisins.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
 #include "exchange/RapportTableauDeBord.h"
@@ -37,7 +38,7 @@ const QStringList& rapports()
                                    QStringLiteral("contrats"),         QStringLiteral("securite-sociale"),
                                    QStringLiteral("simulation"),       QStringLiteral("tableau-de-bord"),
                                    QStringLiteral("conges"),           QStringLiteral("fiscalite"),
-                                   QStringLiteral("frais")};
+                                   QStringLiteral("frais"),            QStringLiteral("droits-voisins")};
     return liste;
 }
 
@@ -46,7 +47,8 @@ const QStringList& rapports()
 const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
 {
     static const QList<QPair<QString, bool ChoixImpressions::*>> liste{
-        {"compte-rendu", &ChoixImpressions::compteRenduTdb}, // the dashboard's
+        // The summary of the dashboard's, the paid-leave, tax and neighbouring-rights reports.
+        {"compte-rendu", &ChoixImpressions::compteRenduTdb},
         {"jour-j", &ChoixImpressions::jourJTdb},
         {"jours-heures", &ChoixImpressions::joursHeuresTdb},
         {"photo", &ChoixImpressions::photo},
@@ -55,10 +57,10 @@ const QList<QPair<QString, bool ChoixImpressions::*>>& parties()
         {"administratives", &ChoixImpressions::administratives},
         {"auto-entrepreneur", &ChoixImpressions::autoEntrepreneur},
         {"rib", &ChoixImpressions::rib},
-        {"liste", nullptr}, // the employers', the contracts', the social-security periods' or the expenses' list
+        // The employers', contracts', social-security periods', expenses' or neighbouring-rights payments' list.
+        {"liste", nullptr},
         {"cumuls", &ChoixImpressions::cumulsEmployeurs}, // also the tax report's totals per employer
         {"droits", &ChoixImpressions::verificationDroits},
-        {"compte-rendu", &ChoixImpressions::congesCompteRendu}, // the paid-leave and the tax reports' summary
         {"categories", &ChoixImpressions::categoriesFrais},
     };
     return liste;
@@ -103,7 +105,7 @@ public:
     QString usage() const override
     {
         return QStringLiteral("pdf FICHIER (--rapport profil|employeurs|contrats|securite-sociale|simulation|"
-                              "tableau-de-bord|conges|fiscalite|frais --sortie CHEMIN.pdf | --dossier --sortie "
+                              "tableau-de-bord|conges|fiscalite|frais|droits-voisins --sortie CHEMIN.pdf | --dossier --sortie "
                               "DOSSIER) [--sans PARTIE,…] [options de contrat lister] [options de frais lister] [--date "
                               "AAAA-MM-JJ] [--annee A] [--du AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats "
                               "tous|effectues|planifies --ij]");
@@ -153,10 +155,11 @@ public:
                 choix.*(trouvee->second) = false;
             else
                 choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = choix.congesListeContrats =
-                    choix.fiscaliteListeContrats = choix.listeFrais = false;
+                    choix.fiscaliteListeContrats = choix.listeFrais =
+                        choix.listeVersementsDroitsVoisins = false;
         }
         choix.fiscaliteTotauxEmployeurs = choix.cumulsEmployeurs;
-        choix.fiscaliteCompteRendu = choix.congesCompteRendu;
+        choix.congesCompteRendu = choix.fiscaliteCompteRendu = choix.compteRenduDroitsVoisins = choix.compteRenduTdb;
         const bool frais = rapport == QStringLiteral("frais");
         if (const QString refus = optionDeFiltreRefusee(arguments, rapport); !refus.isEmpty())
             return mauvaisUsage(contexte, refus);
@@ -220,6 +223,9 @@ public:
         } else if (rapport == QStringLiteral("employeurs")) {
             nomPropose = nomRapportEmployeurs();
             lu = composerRapportEmployeurs(compose, chemin, choix);
+        } else if (rapport == QStringLiteral("droits-voisins")) {
+            nomPropose = nomRapportDroitsVoisins(Horloge::aujourdhui());
+            lu = composerRapportDroitsVoisins(compose, chemin, choix);
         } else if (securiteSociale) {
             // The rights are checked on the day given, else on the day the screen shows.
             nomPropose = nomRapportSecuriteSociale(Horloge::aujourdhui());

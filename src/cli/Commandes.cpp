@@ -31,6 +31,8 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeVersementConges());
     liste.push_back(commandeFiscalite());
     liste.push_back(commandeVersementImpots());
+    liste.push_back(commandeDroitsVoisins());
+    liste.push_back(commandeCategorieDv());
     return liste;
 }
 

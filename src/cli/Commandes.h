@@ -31,6 +31,8 @@ std::unique_ptr<Commande> commandeVersementAre();
 std::unique_ptr<Commande> commandeMaladie();
 std::unique_ptr<Commande> commandeFrais();
 std::unique_ptr<Commande> commandeCategorieFrais();
+std::unique_ptr<Commande> commandeDroitsVoisins();
+std::unique_ptr<Commande> commandeCategorieDv();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();

@@ -159,6 +159,8 @@ ChoixImpressions ChoixImpressions::depuis(const Reglages& reglages)
     c.fiscaliteListeContrats = reglages.booleen(Cle::FiscaliteImpressionsListeContrats);
     c.listeFrais = reglages.booleen(Cle::FraisImpressionsListe);
     c.categoriesFrais = reglages.booleen(Cle::FraisImpressionsCategories);
+    c.compteRenduDroitsVoisins = reglages.booleen(Cle::DroitsVoisinsImpressionsCompteRendu);
+    c.listeVersementsDroitsVoisins = reglages.booleen(Cle::DroitsVoisinsImpressionsListeVersements);
     return c;
 }
 

@@ -45,6 +45,9 @@ struct ChoixImpressions
     // The expenses' report.
     bool listeFrais = true;
     bool categoriesFrais = true;
+    // The neighbouring-rights report.
+    bool compteRenduDroitsVoisins = true;
+    bool listeVersementsDroitsVoisins = true;
 
     static ChoixImpressions depuis(const Reglages& reglages);
 };

@@ -118,6 +118,13 @@ const QList<Definition>& definitions()
         {C::FraisColonnes, "Frais_Colonnes", QByteArray()},
         {C::FraisImpressionsListe, "Frais_ImpressionsListe", true},
         {C::FraisImpressionsCategories, "Frais_ImpressionsCategories", true},
+        {C::DroitsVoisinsImpressionsCompteRendu, "DroitsVoisins_ImpressionsCompteRendu", true},
+        {C::DroitsVoisinsImpressionsListeVersements, "DroitsVoisins_ImpressionsListeVersements", true},
+        // The neighbouring-rights list: one body's payments (on, body id), newest first.
+        {C::DroitsVoisinsTriParOrganisme, "DvIsSortedByOrganisms", false},
+        {C::DroitsVoisinsOrganisme, "DvSortedOrganism", 0},
+        {C::DroitsVoisinsSens, "gridDvSortOrder", QStringLiteral("DESC")},
+        {C::DroitsVoisinsColonnes, "DroitsVoisins_Colonnes", QByteArray()},
     };
     return table;
 }

@@ -108,6 +108,12 @@ public:
         FraisColonnes,
         FraisImpressionsListe,
         FraisImpressionsCategories,
+        DroitsVoisinsImpressionsCompteRendu,
+        DroitsVoisinsImpressionsListeVersements,
+        DroitsVoisinsTriParOrganisme,
+        DroitsVoisinsOrganisme,
+        DroitsVoisinsSens,
+        DroitsVoisinsColonnes,
     };
 
     // The user's own settings store.

@@ -78,7 +78,8 @@ private slots:
                                    "preferences.png",      "versements-conges.png", "auto-entrepreneur.png",
                                    "versements-pole-emploi.png", "categories-frais.png"};
         attendus << fenetres << QStringLiteral("formulaire-contrat.png")
-                 << QStringLiteral("formulaire-securite-sociale.png") << QStringLiteral("formulaire-frais.png");
+                 << QStringLiteral("formulaire-securite-sociale.png") << QStringLiteral("formulaire-frais.png")
+                 << QStringLiteral("formulaire-droits-voisins.png");
         attendus.sort();
         QCOMPARE(QDir(dossier).entryList(QDir::Files, QDir::Name), attendus);
         for (const QString& nom : attendus) {

@@ -11,6 +11,7 @@
 #include "app/contrats/ListeContrats.h"
 #include "app/contrats/ModeleTableContrats.h"
 #include "app/contrats/SectionContrats.h"
+#include "app/droitsvoisins/SectionDroitsVoisins.h"
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/poleemploi/SectionPoleEmploi.h"
 #include "app/frais/ListeFrais.h"
@@ -195,6 +196,9 @@ private slots:
         cas("nouvelle dépense", "SectionFrais", QStringList{"boutonNouveauFrais"}, "Gestion des frais");
         cas("catégories de frais", "SectionFrais", QStringList{"boutonCategoriesFrais"},
             "Gestion des catégories de frais");
+        cas("droits voisins, PDF", "DroitsVoisins", pdf("DroitsVoisins"), "Exports PDF");
+        cas("nouveau versement, catégories", "DroitsVoisins", QStringList{"boutonNouveauDv", "boutonCategoriesDv"},
+            "Gestion des Droits voisins");
     }
 
     void sansDocument()
@@ -212,6 +216,8 @@ private slots:
             fenetre = std::make_unique<SectionEmployeurs>(b.environnement);
         else if (ecran == "SectionFrais")
             fenetre = std::make_unique<SectionFrais>(b.environnement);
+        else if (ecran == "DroitsVoisins")
+            fenetre = std::make_unique<SectionDroitsVoisins>(b.environnement);
         else
             fenetre = std::make_unique<FenetreProfil>(b.environnement, nullptr);
         montrerActive(*fenetre);

@@ -8,6 +8,7 @@
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
 #include "exchange/RapportConges.h"
+#include "exchange/RapportDroitsVoisins.h"
 #include "exchange/RapportFiscalite.h"
 #include "exchange/RapportFrais.h"
 #include "exchange/RapportSecuriteSociale.h"
@@ -16,6 +17,7 @@
 #include "exchange/RapportsEnregistrements.h"
 #include "exchange/test_pdf_lecture.h"
 #include "records/Contrats.h"
+#include "records/DroitsVoisins.h"
 #include "records/Frais.h"
 #include "records/OutilsContrats.h"
 #include "records/Profil.h"
@@ -156,6 +158,8 @@ private slots:
         QCOMPARE(nomRapportConges(QDate(2026, 3, 5)), QStringLiteral("Congés Spectacles 2026 3 5"));
         QCOMPARE(nomRapportFiscalite(QDate(2026, 3, 5)), QStringLiteral("Fiscalité 2026 3 5"));
         QCOMPARE(nomRapportFrais(QDate(2026, 3, 5)), QStringLiteral("Frais professionnels 5 3 2026"));
+        // The neighbouring-rights report keeps the expenses' name, day first.
+        QCOMPARE(nomRapportDroitsVoisins(QDate(2026, 3, 5)), QStringLiteral("Frais professionnels 5 3 2026"));
     }
 
     void choixDepuisLesReglages()
@@ -265,6 +269,7 @@ private slots:
         annee.annee = 2026;
         QVERIFY(!composerRapportFiscalite(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), annee));
         QVERIFY(!composerRapportFrais(r, m_dossier.filePath("absent.cv4"), ChoixImpressions(), {}));
+        QVERIFY(!composerRapportDroitsVoisins(r, m_dossier.filePath("absent.cv4"), ChoixImpressions()));
         QVERIFY(!QFileInfo::exists(m_dossier.filePath("absent.cv4")));
         QVERIFY(r.document().isEmpty());
     }
@@ -613,6 +618,56 @@ private slots:
         verifierPieds(p, QStringLiteral("Jeanne Dupont"));
         QCOMPARE(nomRapportTableauDeBord(QDate(2026, 3, 5)),
                  QStringLiteral("Activité dans la période de référence 2026 3 5"));
+    }
+
+    void droitsVoisins_data()
+    {
+        QTest::addColumn<bool>("versements");
+        QTest::addColumn<bool>("compteRendu");
+        QTest::addColumn<bool>("liste");
+        QTest::addColumn<QStringList>("presents");
+        QTest::addColumn<QStringList>("absents");
+        // Every body is listed in the summary, those without payment with a dash.
+        const QStringList resume{"Compte rendu", "Organisme Montant", "Adami 1 234,56 €",
+                                 "Agessa —",     "Spedidam 0,30 €",   "Total 1 234,86 €"};
+        const QStringList versements{"Liste des versements", "Date Organisme Catégorie Montant Détails",
+                                     "05/01/2023 Spedidam Chanteur 0,30 € Rediffusion",
+                                     "12/03/2024 Adami Musicien 1 234,56 € Disque « Été »", "Total 1 234,86 €"};
+        cas("both parts", true, true, true, resume + versements, QStringList{});
+        cas("summary only", true, true, false, resume, QStringList{"Liste des versements", "Rediffusion"});
+        cas("payments only", true, false, true, versements, QStringList{"Compte rendu", "Agessa"});
+        cas("no payment", false, true, true, QStringList{"Adami —", "Total 0,00 €", "Aucun versement."},
+            QStringList{"Date Organisme"});
+    }
+
+    void droitsVoisins()
+    {
+        QFETCH(bool, versements);
+        QFETCH(bool, compteRendu);
+        QFETCH(bool, liste);
+        QFETCH(QStringList, presents);
+        QFETCH(QStringList, absents);
+        const QString document = documentContrats(m_dossier, QStringLiteral("dv-%1.cv4").arg(++m_numero));
+        if (versements) {
+            DroitsVoisins droits(document);
+            QVERIFY(droits.enregistreDroitVoisin({QDate(2024, 3, 12), 1, 8, 1234.56, "Disque « Été »"}) > 0);
+            QVERIFY(droits.enregistreDroitVoisin({QDate(2023, 1, 5), 6, 3, 0.3, "Rediffusion"}) > 0);
+        }
+        ChoixImpressions choix;
+        choix.compteRenduDroitsVoisins = compteRendu;
+        choix.listeVersementsDroitsVoisins = liste;
+        QString fichier;
+        const QStringList p =
+            pages([&](Rapport& r) { return composerRapportDroitsVoisins(r, document, choix); }, &fichier);
+        const QString texte = espacesSimples(p.join("\n"));
+        QVERIFY2(texte.startsWith("Droits voisins"), qPrintable(texte));
+        for (const QString& present : presents)
+            QVERIFY2(texte.contains(present), qPrintable(present + "\n---\n" + texte));
+        for (const QString& absent : absents)
+            QVERIFY2(!texte.contains(absent), qPrintable(absent));
+        verifierPieds(p, QStringLiteral("Jeanne Dupont"));
+        // The separator and the stamp, as in the profile summary without its photo.
+        QCOMPARE(nombreImages(fichier), 4);
     }
 };
 
