@@ -15,11 +15,6 @@ namespace corvane::cli {
 
 namespace {
 
-QString chemin(const Arguments& arguments)
-{
-    return QFileInfo(arguments.positionnels().first()).absoluteFilePath();
-}
-
 class CommandeDroitsVoisins : public CommandeEnregistrements
 {
 public:
@@ -67,7 +62,7 @@ private:
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
 
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         DroitVoisin droit;
@@ -122,27 +117,13 @@ private:
 
     int supprimer(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
-        int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 2, &code))
-            return code;
-        const int id = lireNumero(contexte, arguments, QStringLiteral("versement"), &code);
-        if (code != Succes)
-            return code;
-        const QString fichier = chemin(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
-            return code;
-        if (!DroitsVoisins(fichier).droitVoisinExiste(id))
-            return echec(contexte, messageInconnu(id));
-        if (!preparerEcriture(contexte, fichier, &code))
-            return code;
-        if (!DroitsVoisins(fichier).supprimeDroitVoisin(id))
-            return echec(contexte, QStringLiteral("Le versement n'a pas pu être supprimé."));
-        if (contexte.json)
-            ecrireJson(contexte, {{"id", id}});
-        else
-            contexte.sortie << "Versement n° " << id << " supprimé." << Qt::endl;
-        return Succes;
+        return supprimerEnregistrement(
+            contexte, liste,
+            {QStringLiteral("versement"),
+             [](const QString& chemin, int id) { return DroitsVoisins(chemin).droitVoisinExiste(id); },
+             [](const QString& chemin, int id) { return DroitsVoisins(chemin).supprimeDroitVoisin(id); },
+             &messageInconnu, QStringLiteral("Le versement n'a pas pu être supprimé."),
+             QStringLiteral("Versement n° %1 supprimé.")});
     }
 
     int lister(Contexte& contexte, const QStringList& liste)
@@ -151,7 +132,7 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {{"organisme"}}, 1, &code))
             return code;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         DroitsVoisins droits(fichier);
@@ -186,7 +167,7 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {}, 1, &code))
             return code;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         const Table table = DroitsVoisins(fichier).totauxParOrganisme();
@@ -242,7 +223,7 @@ private:
         if (!arguments.exiger({"nom"}))
             return mauvaisUsage(contexte, arguments.erreur());
         const QString nom = arguments.valeur("nom");
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         {
@@ -275,7 +256,7 @@ private:
         const int id = lireNumero(contexte, arguments, QStringLiteral("catégorie"), &code);
         if (code != Succes)
             return code;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         int versements = 0;
@@ -311,7 +292,7 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {}, 1, &code))
             return code;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         DroitsVoisins droits(fichier);

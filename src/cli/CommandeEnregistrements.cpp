@@ -88,6 +88,37 @@ CommandeEnregistrements::lireIntervalle(Contexte& contexte, Arguments& arguments
     return intervalle;
 }
 
+QString CommandeEnregistrements::cheminDocument(const Arguments& arguments)
+{
+    return QFileInfo(arguments.positionnels().first()).absoluteFilePath();
+}
+
+int CommandeEnregistrements::supprimerEnregistrement(Contexte& contexte, const QStringList& liste,
+                                                     const Suppression& s) const
+{
+    Arguments arguments;
+    int code = Succes;
+    if (!analyser(contexte, arguments, liste, {}, 2, &code))
+        return code;
+    const int id = lireNumero(contexte, arguments, s.quoi, &code);
+    if (code != Succes)
+        return code;
+    const QString chemin = cheminDocument(arguments);
+    if (!documentAccessible(contexte, chemin, &code))
+        return code;
+    if (!s.existe(chemin, id))
+        return echec(contexte, s.inconnu(id));
+    if (!preparerEcriture(contexte, chemin, &code))
+        return code;
+    if (!s.supprime(chemin, id))
+        return echec(contexte, s.echec);
+    if (contexte.json)
+        ecrireJson(contexte, {{"id", id}});
+    else
+        contexte.sortie << s.fait.arg(id) << Qt::endl;
+    return Succes;
+}
+
 QJsonObject CommandeEnregistrements::versJson(const Ligne& ligne)
 {
     return QJsonObject::fromVariantMap(ligne);

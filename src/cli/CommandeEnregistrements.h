@@ -7,6 +7,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <functional>
 #include <optional>
 
 namespace corvane::cli {
@@ -45,6 +46,23 @@ protected:
         std::optional<QDate> au;
     };
     std::optional<Intervalle> lireIntervalle(Contexte& contexte, Arguments& arguments, int* code) const;
+
+    // The document named first, as an absolute path.
+    static QString cheminDocument(const Arguments& arguments);
+
+    // `ACTION FICHIER ID` that removes one record: the number read as `quoi`'s, the record
+    // checked, the upgrade pass run, then removed; {"id": n} or the `fait` sentence ("%1" the
+    // number). `inconnu` words the refusal of a number no record carries, `echec` a failed write.
+    struct Suppression
+    {
+        QString quoi;
+        std::function<bool(const QString& chemin, int id)> existe;
+        std::function<bool(const QString& chemin, int id)> supprime;
+        std::function<QString(int id)> inconnu;
+        QString echec;
+        QString fait;
+    };
+    int supprimerEnregistrement(Contexte& contexte, const QStringList& liste, const Suppression& s) const;
 
     static QJsonObject versJson(const Ligne& ligne);
     static QJsonArray versJson(const Lignes& lignes);

@@ -21,11 +21,6 @@ namespace corvane::cli {
 
 namespace {
 
-QString chemin(const Arguments& arguments)
-{
-    return QFileInfo(arguments.positionnels().first()).absoluteFilePath();
-}
-
 // A category by its label, whatever the case (no two labels differ only by it); 0 when none.
 int categorieDuLibelle(Intermittent& document, const QString& libelle)
 {
@@ -97,7 +92,7 @@ private:
         depense.fichier = fichierJoint.isEmpty() ? QStringLiteral("") : QFileInfo(fichierJoint).absoluteFilePath();
         depense.rembourse = arguments.contient("rembourse");
 
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         {
@@ -134,27 +129,11 @@ private:
 
     int supprimer(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
-        int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 2, &code))
-            return code;
-        const int id = lireNumero(contexte, arguments, QStringLiteral("frais"), &code);
-        if (code != Succes)
-            return code;
-        const QString fichier = chemin(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
-            return code;
-        if (!Frais(fichier).fraisExiste(id))
-            return echec(contexte, messageInconnu(id));
-        if (!preparerEcriture(contexte, fichier, &code))
-            return code;
-        if (!Frais(fichier).supprimeFrais(id))
-            return echec(contexte, QStringLiteral("La dépense n'a pas pu être supprimée."));
-        if (contexte.json)
-            ecrireJson(contexte, {{"id", id}});
-        else
-            contexte.sortie << "Frais n° " << id << " supprimé." << Qt::endl;
-        return Succes;
+        return supprimerEnregistrement(
+            contexte, liste,
+            {QStringLiteral("frais"), [](const QString& chemin, int id) { return Frais(chemin).fraisExiste(id); },
+             [](const QString& chemin, int id) { return Frais(chemin).supprimeFrais(id); }, &messageInconnu,
+             QStringLiteral("La dépense n'a pas pu être supprimée."), QStringLiteral("Frais n° %1 supprimé.")});
     }
 
     int lister(Contexte& contexte, const QStringList& liste)
@@ -163,7 +142,7 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, optionsFiltreFrais(), 1, &code))
             return code;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         // A listing reads only: no upgrade pass, nothing written.
         if (!documentAccessible(contexte, fichier, &code))
             return code;
@@ -228,9 +207,9 @@ private:
         const int id = lireNumero(contexte, arguments, QStringLiteral("catégorie"), code);
         if (*code != Succes)
             return 0;
-        if (!documentAccessible(contexte, chemin(arguments), code))
+        if (!documentAccessible(contexte, cheminDocument(arguments), code))
             return 0;
-        if (!FraisTypes(chemin(arguments)).categorieExiste(id)) {
+        if (!FraisTypes(cheminDocument(arguments)).categorieExiste(id)) {
             *code = echec(contexte, QStringLiteral("aucune catégorie ne porte le numéro %1.").arg(id));
             return 0;
         }
@@ -246,7 +225,7 @@ private:
         if (!arguments.exiger({"nom"}))
             return mauvaisUsage(contexte, arguments.erreur());
         const QString nom = arguments.valeur("nom");
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         int id = 0;
         if (renommer) {
             id = categorieExistante(contexte, arguments, &code);
@@ -281,7 +260,7 @@ private:
         const int id = categorieExistante(contexte, arguments, &code);
         if (code != Succes)
             return code;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         int nombre = 0;
         {
             FraisTypes categories(fichier);
@@ -310,7 +289,7 @@ private:
         int code = Succes;
         if (!analyser(contexte, arguments, liste, {}, 1, &code))
             return code;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         const Table table = FraisTypes(fichier).listeLesCategories();

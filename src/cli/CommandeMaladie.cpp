@@ -69,11 +69,6 @@ private:
         return mauvaisUsage(contexte, QStringLiteral("type inconnu : « %1 »").arg(texte));
     }
 
-    QString chemin(const Arguments& arguments) const
-    {
-        return QFileInfo(arguments.positionnels().first()).absoluteFilePath();
-    }
-
     int enregistrer(Contexte& contexte, const QStringList& liste, bool modifier)
     {
         Arguments arguments;
@@ -114,7 +109,7 @@ private:
         periode.rembourseMutuelle = arguments.contient("mutuelle");
         periode.note = arguments.valeur("note", QStringLiteral(""));
 
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         {
@@ -154,9 +149,9 @@ private:
         const int id = lireNumero(contexte, arguments, QStringLiteral("période"), code);
         if (*code != Succes)
             return 0;
-        if (!documentAccessible(contexte, chemin(arguments), code))
+        if (!documentAccessible(contexte, cheminDocument(arguments), code))
             return 0;
-        if (!SecuriteSociale(chemin(arguments)).securiteSocialeExiste(id)) {
+        if (!SecuriteSociale(cheminDocument(arguments)).securiteSocialeExiste(id)) {
             *code = echec(contexte, messageInconnu(id));
             return 0;
         }
@@ -172,9 +167,9 @@ private:
         const int id = recordExistant(contexte, arguments, &code);
         if (code != Succes)
             return code;
-        if (!preparerEcriture(contexte, chemin(arguments), &code))
+        if (!preparerEcriture(contexte, cheminDocument(arguments), &code))
             return code;
-        if (!SecuriteSociale(chemin(arguments)).supprimeSecuriteSociale(id))
+        if (!SecuriteSociale(cheminDocument(arguments)).supprimeSecuriteSociale(id))
             return echec(contexte, QStringLiteral("La période n'a pas pu être supprimée."));
         if (contexte.json)
             ecrireJson(contexte, {{"id", id}});
@@ -200,9 +195,9 @@ private:
         const int id = recordExistant(contexte, arguments, &code);
         if (code != Succes)
             return code;
-        if (!preparerEcriture(contexte, chemin(arguments), &code))
+        if (!preparerEcriture(contexte, cheminDocument(arguments), &code))
             return code;
-        SecuriteSociale ss(chemin(arguments));
+        SecuriteSociale ss(cheminDocument(arguments));
         bool ok = true;
         if (rembourse)
             ok = ss.enregistreLeCocheRemboursePourId(id, *rembourse != 0) && ok;
@@ -235,7 +230,7 @@ private:
         if (arguments.contient("type") && type == 0)
             return typeInconnu(contexte, arguments.valeur("type"));
         const auto [periode, du, au] = *intervalle;
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
 
@@ -272,7 +267,7 @@ private:
         const auto date = arguments.date("date");
         if (arguments.enErreur())
             return mauvaisUsage(contexte, arguments.erreur());
-        const QString fichier = chemin(arguments);
+        const QString fichier = cheminDocument(arguments);
         if (!documentAccessible(contexte, fichier, &code))
             return code;
         const Table table = SecuriteSociale(fichier).verifieLesDroits(*date);

@@ -8,9 +8,9 @@
 #include "exchange/ExportPdf.h"
 #include "exchange/Rapport.h"
 #include "exchange/RapportConges.h"
+#include "exchange/RapportDroitsVoisins.h"
 #include "exchange/RapportFiscalite.h"
 #include "exchange/RapportFrais.h"
-#include "exchange/RapportDroitsVoisins.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
 #include "exchange/RapportTableauDeBord.h"
@@ -34,11 +34,11 @@ namespace {
 
 const QStringList& rapports()
 {
-    static const QStringList liste{QStringLiteral("profil"),           QStringLiteral("employeurs"),
-                                   QStringLiteral("contrats"),         QStringLiteral("securite-sociale"),
-                                   QStringLiteral("simulation"),       QStringLiteral("tableau-de-bord"),
-                                   QStringLiteral("conges"),           QStringLiteral("fiscalite"),
-                                   QStringLiteral("frais"),            QStringLiteral("droits-voisins")};
+    static const QStringList liste{QStringLiteral("profil"),     QStringLiteral("employeurs"),
+                                   QStringLiteral("contrats"),   QStringLiteral("securite-sociale"),
+                                   QStringLiteral("simulation"), QStringLiteral("tableau-de-bord"),
+                                   QStringLiteral("conges"),     QStringLiteral("fiscalite"),
+                                   QStringLiteral("frais"),      QStringLiteral("droits-voisins")};
     return liste;
 }
 
@@ -104,18 +104,19 @@ public:
     bool metEnPage() const override { return true; }
     QString usage() const override
     {
-        return QStringLiteral("pdf FICHIER (--rapport profil|employeurs|contrats|securite-sociale|simulation|"
-                              "tableau-de-bord|conges|fiscalite|frais|droits-voisins --sortie CHEMIN.pdf | --dossier --sortie "
-                              "DOSSIER) [--sans PARTIE,…] [options de contrat lister] [options de frais lister] [--date "
-                              "AAAA-MM-JJ] [--annee A] [--du AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats "
-                              "tous|effectues|planifies --ij]");
+        return QStringLiteral(
+            "pdf FICHIER (--rapport profil|employeurs|contrats|securite-sociale|simulation|"
+            "tableau-de-bord|conges|fiscalite|frais|droits-voisins --sortie CHEMIN.pdf | --dossier --sortie "
+            "DOSSIER) [--sans PARTIE,…] [options de contrat lister] [options de frais lister] [--date "
+            "AAAA-MM-JJ] [--annee A] [--du AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats "
+            "tous|effectues|planifies --ij]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
     {
         Arguments arguments;
         int code = Succes;
-        QList<OptionAttendue> options{{"rapport"}, {"sortie"}, {"sans"},          {"date"},
+        QList<OptionAttendue> options{{"rapport"}, {"sortie"},   {"sans"},     {"date"},
                                       {"annee"},   {"contrats"}, {"ij", false}};
         options << optionsFiltreContrats();
         options << OptionAttendue{QStringLiteral("dossier"), false};
@@ -155,8 +156,7 @@ public:
                 choix.*(trouvee->second) = false;
             else
                 choix.listeEmployeurs = choix.listeContrats = choix.listePeriodes = choix.congesListeContrats =
-                    choix.fiscaliteListeContrats = choix.listeFrais =
-                        choix.listeVersementsDroitsVoisins = false;
+                    choix.fiscaliteListeContrats = choix.listeFrais = choix.listeVersementsDroitsVoisins = false;
         }
         choix.fiscaliteTotauxEmployeurs = choix.cumulsEmployeurs;
         choix.congesCompteRendu = choix.fiscaliteCompteRendu = choix.compteRenduDroitsVoisins = choix.compteRenduTdb;
@@ -169,9 +169,8 @@ public:
         const bool fiscalite = rapport == QStringLiteral("fiscalite");
         const bool filtre =
             std::any_of(optionsFiltreContrats().cbegin(), optionsFiltreContrats().cend(), [&](const OptionAttendue& o) {
-                return arguments.contient(o.nom) &&
-                       !((droits || conges || fiscalite) &&
-                         (o.nom == QStringLiteral("du") || o.nom == QStringLiteral("au")));
+                return arguments.contient(o.nom) && !((droits || conges || fiscalite) &&
+                                                      (o.nom == QStringLiteral("du") || o.nom == QStringLiteral("au")));
             });
         if (!droits && (arguments.contient("contrats") || arguments.contient("ij")))
             return mauvaisUsage(

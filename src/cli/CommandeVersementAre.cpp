@@ -81,27 +81,13 @@ private:
 
     int supprimer(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
-        int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 2, &code))
-            return code;
-        const int id = lireNumero(contexte, arguments, QStringLiteral("versement"), &code);
-        if (code != Succes)
-            return code;
-        const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
-        if (!documentAccessible(contexte, chemin, &code))
-            return code;
-        if (!PoleEmploiVersements(chemin).versementExiste(id))
-            return echec(contexte, messageInconnu(id));
-        if (!preparerEcriture(contexte, chemin, &code))
-            return code;
-        if (!PoleEmploiVersements(chemin).supprimePoleEmploiVersement(id))
-            return echec(contexte, QStringLiteral("Le versement n'a pas pu être supprimé."));
-        if (contexte.json)
-            ecrireJson(contexte, {{"id", id}});
-        else
-            contexte.sortie << "Versement n° " << id << " supprimé." << Qt::endl;
-        return Succes;
+        return supprimerEnregistrement(
+            contexte, liste,
+            {QStringLiteral("versement"),
+             [](const QString& chemin, int id) { return PoleEmploiVersements(chemin).versementExiste(id); },
+             [](const QString& chemin, int id) { return PoleEmploiVersements(chemin).supprimePoleEmploiVersement(id); },
+             &messageInconnu, QStringLiteral("Le versement n'a pas pu être supprimé."),
+             QStringLiteral("Versement n° %1 supprimé.")});
     }
 
     int lister(Contexte& contexte, const QStringList& liste)
