@@ -9,6 +9,7 @@
 #include "app/employeurs/SectionEmployeurs.h"
 #include "app/fiscalite/SectionFiscalite.h"
 #include "app/frais/SectionFrais.h"
+#include "app/manager/SectionManager.h"
 #include "app/securite/SectionSecuriteSociale.h"
 #include "app/poleemploi/SectionPoleEmploi.h"
 #include "app/tableaudebord/SectionTableauDeBord.h"
@@ -39,6 +40,8 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionFrais(environnement, parent);
     case Section::DroitsVoisins:
         return new SectionDroitsVoisins(environnement, parent);
+    case Section::Manager:
+        return new SectionManager(environnement, parent);
     default:
         return new PageAVenir(section, parent);
     }
