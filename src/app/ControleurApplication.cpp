@@ -4,6 +4,7 @@
 #include "app/ExportDossierPdf.h"
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
+#include "app/PanneauPreferencesFormulaires.h"
 #include "app/PanneauPreferencesImpressions.h"
 #include "app/PanneauPreferencesSites.h"
 #include "app/PopoverVerrou.h"
@@ -268,6 +269,7 @@ FenetrePreferences* ControleurApplication::showPreferences()
     preferences->setFile(m_document);
     preferences->ajouterPanneau(QStringLiteral("Impressions"), new PanneauPreferencesImpressions(m_reglages));
     preferences->ajouterPanneau(QStringLiteral("Sites internet"), new PanneauPreferencesSites(m_reglages));
+    preferences->ajouterPanneau(QStringLiteral("Formulaires officiels"), new PanneauPreferencesFormulaires(m_reglages));
     connect(preferences, &FenetrePreferences::reglagesModifies, this, [this] {
         majAlertes();
         appliquerApparence();

@@ -11,11 +11,13 @@
 #include "exchange/RapportDroitsVoisins.h"
 #include "exchange/RapportFiscalite.h"
 #include "exchange/RapportFrais.h"
+#include "exchange/RapportProposition.h"
 #include "exchange/RapportSecuriteSociale.h"
 #include "exchange/RapportSimulation.h"
 #include "exchange/RapportTableauDeBord.h"
 #include "exchange/RapportsDossier.h"
 #include "exchange/RapportsEnregistrements.h"
+#include "manager/Propositions.h"
 #include "records/Contrats.h"
 #include "records/Frais.h"
 #include "store/Fichiers.h"
@@ -28,17 +30,19 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <limits>
+
 namespace corvane::cli {
 
 namespace {
 
 const QStringList& rapports()
 {
-    static const QStringList liste{QStringLiteral("profil"),     QStringLiteral("employeurs"),
-                                   QStringLiteral("contrats"),   QStringLiteral("securite-sociale"),
-                                   QStringLiteral("simulation"), QStringLiteral("tableau-de-bord"),
-                                   QStringLiteral("conges"),     QStringLiteral("fiscalite"),
-                                   QStringLiteral("frais"),      QStringLiteral("droits-voisins")};
+    static const QStringList liste{
+        QStringLiteral("profil"),           QStringLiteral("employeurs"),  QStringLiteral("contrats"),
+        QStringLiteral("securite-sociale"), QStringLiteral("simulation"),  QStringLiteral("tableau-de-bord"),
+        QStringLiteral("conges"),           QStringLiteral("fiscalite"),   QStringLiteral("frais"),
+        QStringLiteral("droits-voisins"),   QStringLiteral("proposition"), QStringLiteral("contrat-engagement")};
     return liste;
 }
 
@@ -106,10 +110,10 @@ public:
     {
         return QStringLiteral(
             "pdf FICHIER (--rapport profil|employeurs|contrats|securite-sociale|simulation|"
-            "tableau-de-bord|conges|fiscalite|frais|droits-voisins --sortie CHEMIN.pdf | --dossier --sortie "
-            "DOSSIER) [--sans PARTIE,…] [options de contrat lister] [options de frais lister] [--date "
-            "AAAA-MM-JJ] [--annee A] [--du AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats "
-            "tous|effectues|planifies --ij]");
+            "tableau-de-bord|conges|fiscalite|frais|droits-voisins|proposition|contrat-engagement --sortie "
+            "CHEMIN.pdf | --dossier --sortie DOSSIER) [--sans PARTIE,…] [options de contrat lister] [options de "
+            "frais lister] [--date AAAA-MM-JJ] [--annee A] [--du AAAA-MM-JJ --au AAAA-MM-JJ] [--contrats "
+            "tous|effectues|planifies --ij] [--proposition ID | --evenement ID]");
     }
 
     int executer(Contexte& contexte, const QStringList& liste) override
@@ -120,6 +124,7 @@ public:
                                       {"annee"},   {"contrats"}, {"ij", false}};
         options << optionsFiltreContrats();
         options << OptionAttendue{QStringLiteral("dossier"), false};
+        options << OptionAttendue{QStringLiteral("proposition")} << OptionAttendue{QStringLiteral("evenement")};
         for (const OptionAttendue& o : optionsFiltreFrais())
             if (!nommee(options, o.nom))
                 options << o;
@@ -134,6 +139,18 @@ public:
             return mauvaisUsage(
                 contexte, QStringLiteral("rapport inconnu : « %1 » (choix : %2)").arg(rapport, rapports().join(", ")));
         const bool droits = rapport == QStringLiteral("simulation");
+        // The business manager's documents are printed for one proposition, or for one event.
+        const bool manager =
+            rapport == QStringLiteral("proposition") || rapport == QStringLiteral("contrat-engagement");
+        if ((arguments.contient("proposition") || arguments.contient("evenement")) && !manager)
+            return mauvaisUsage(contexte, QStringLiteral("les options --proposition et --evenement ne valent que pour "
+                                                         "--rapport proposition et contrat-engagement"));
+        if (manager && arguments.contient("proposition") == arguments.contient("evenement"))
+            return mauvaisUsage(contexte, QStringLiteral("donnez --proposition ID ou --evenement ID"));
+        const auto propositionId = arguments.entier("proposition", 1, std::numeric_limits<int>::max());
+        const auto evenementId = arguments.entier("evenement", 1, std::numeric_limits<int>::max());
+        if (arguments.enErreur())
+            return mauvaisUsage(contexte, arguments.erreur());
         ChoixImpressions choix;
         ChoixRapportDroits choixDroits;
         for (const QString& partie : arguments.valeur("sans").split(QLatin1Char(','), Qt::SkipEmptyParts)) {
@@ -264,6 +281,11 @@ public:
             if (const QString refus = lireFiltreFrais(arguments, modele, filtreFrais, &code); !refus.isEmpty())
                 return code == MauvaisUsage ? mauvaisUsage(contexte, refus) : echec(contexte, refus);
             lu = composerRapportFrais(compose, chemin, choix, filtreFrais);
+        } else if (manager) {
+            const int refus = documentDuManager(contexte, chemin, rapport, propositionId.value_or(0),
+                                                evenementId.value_or(0), compose, nomPropose, lu);
+            if (refus != Succes)
+                return refus;
         } else {
             nomPropose = nomRapportContrats();
             Contrats contrats(chemin);
@@ -289,13 +311,49 @@ public:
     }
 
 private:
+    // The proposition letter or the engagement contract: of the proposition, or of the event (its
+    // proposition, or its own organiser). An unknown number is refused with the reason.
+    static int documentDuManager(Contexte& contexte, const QString& chemin, const QString& rapport, int propositionId,
+                                 int evenementId, Rapport& compose, QString& nomPropose, bool& lu)
+    {
+        int id = propositionId;
+        int employeur = 0;
+        {
+            Propositions propositions(chemin);
+            if (evenementId > 0) {
+                if (!propositions.evenementExiste(evenementId))
+                    return echec(contexte, QStringLiteral("aucun événement ne porte le numéro %1.").arg(evenementId));
+                id = propositions.propositionDeLEvenement(evenementId);
+                employeur = propositions.employeurDeLEvenement(evenementId);
+                if (rapport == QStringLiteral("proposition") && !propositions.propositionExiste(id))
+                    return echec(contexte,
+                                 QStringLiteral("aucune proposition n'est liée à l'événement n° %1.").arg(evenementId));
+            } else {
+                const std::optional<EnteteProposition> entete = propositions.entete(id);
+                if (!entete)
+                    return echec(contexte, QStringLiteral("aucune proposition ne porte le numéro %1.").arg(id));
+                employeur = entete->employeurId;
+            }
+            if (rapport != QStringLiteral("proposition") && propositions.retrouveEmployeurDepuisId(employeur).isEmpty())
+                return echec(contexte, QStringLiteral("l'organisateur n° %1 n'existe pas.").arg(employeur));
+        }
+        if (rapport == QStringLiteral("proposition")) {
+            nomPropose = nomLettreProposition(Horloge::aujourdhui());
+            lu = composerLettreProposition(compose, chemin, id);
+        } else {
+            nomPropose = nomContratEngagement(Horloge::aujourdhui());
+            lu = composerContratEngagement(compose, chemin, employeur);
+        }
+        return Succes;
+    }
+
     // The whole-file export's three reports, written into the folder `--sortie` names (created
     // when missing), every part printed but those `--sans` leaves out.
     int exporterDossier(Contexte& contexte, Arguments& arguments)
     {
         if (!arguments.exiger({"sortie"}))
             return mauvaisUsage(contexte, arguments.erreur());
-        for (const QString& seule : QStringList{"rapport"} + noms(optionsFiltreContrats()))
+        for (const QString& seule : QStringList{"rapport", "proposition", "evenement"} + noms(optionsFiltreContrats()))
             if (arguments.contient(seule))
                 return mauvaisUsage(contexte, QStringLiteral("l'option --%1 ne vaut pas pour --dossier").arg(seule));
         ChoixImpressions choix;

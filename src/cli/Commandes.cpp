@@ -33,6 +33,10 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeVersementImpots());
     liste.push_back(commandeDroitsVoisins());
     liste.push_back(commandeCategorieDv());
+    liste.push_back(commandePrestation());
+    liste.push_back(commandeRemise());
+    liste.push_back(commandeDelai());
+    liste.push_back(commandeProposition());
     return liste;
 }
 

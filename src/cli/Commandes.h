@@ -33,6 +33,10 @@ std::unique_ptr<Commande> commandeFrais();
 std::unique_ptr<Commande> commandeCategorieFrais();
 std::unique_ptr<Commande> commandeDroitsVoisins();
 std::unique_ptr<Commande> commandeCategorieDv();
+std::unique_ptr<Commande> commandePrestation();
+std::unique_ptr<Commande> commandeRemise();
+std::unique_ptr<Commande> commandeDelai();
+std::unique_ptr<Commande> commandeProposition();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();

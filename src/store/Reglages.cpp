@@ -125,6 +125,14 @@ const QList<Definition>& definitions()
         {C::DroitsVoisinsOrganisme, "DvSortedOrganism", 0},
         {C::DroitsVoisinsSens, "gridDvSortOrder", QStringLiteral("DESC")},
         {C::DroitsVoisinsColonnes, "DroitsVoisins_Colonnes", QByteArray()},
+        // The new-proposition window's last organiser (its name), discount and delay (their keys),
+        // and charges (an amount); the list's header; where the user keeps the official forms.
+        {C::PropositionsEmployeur, "Propositions_Employer", QString()},
+        {C::PropositionsRemise, "Propositions_Discount", 1},
+        {C::PropositionsDelai, "Propositions_Delay", 0},
+        {C::PropositionsCharges, "Propositions_Tax", 0.0},
+        {C::PropositionsColonnes, "Propositions_Colonnes", QByteArray()},
+        {C::FormulairesOfficielsDossier, "Formulaires_Dossier", QString()},
     };
     return table;
 }

@@ -114,6 +114,14 @@ public:
         DroitsVoisinsOrganisme,
         DroitsVoisinsSens,
         DroitsVoisinsColonnes,
+        // The Manager's propositions: the last choices of the new-proposition window, and the
+        // folder of the official forms.
+        PropositionsEmployeur,
+        PropositionsRemise,
+        PropositionsDelai,
+        PropositionsCharges,
+        PropositionsColonnes,
+        FormulairesOfficielsDossier,
     };
 
     // The user's own settings store.
