@@ -33,6 +33,9 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeVersementImpots());
     liste.push_back(commandeDroitsVoisins());
     liste.push_back(commandeCategorieDv());
+    liste.push_back(commandeStructure());
+    liste.push_back(commandeEmploye());
+    liste.push_back(commandeEvenement());
     return liste;
 }
 

@@ -33,6 +33,9 @@ std::unique_ptr<Commande> commandeFrais();
 std::unique_ptr<Commande> commandeCategorieFrais();
 std::unique_ptr<Commande> commandeDroitsVoisins();
 std::unique_ptr<Commande> commandeCategorieDv();
+std::unique_ptr<Commande> commandeStructure();
+std::unique_ptr<Commande> commandeEmploye();
+std::unique_ptr<Commande> commandeEvenement();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();
