@@ -37,6 +37,9 @@ Commandes toutesLesCommandes()
     liste.push_back(commandeRemise());
     liste.push_back(commandeDelai());
     liste.push_back(commandeProposition());
+    liste.push_back(commandeStructure());
+    liste.push_back(commandeEmploye());
+    liste.push_back(commandeEvenement());
     return liste;
 }
 

@@ -37,6 +37,9 @@ std::unique_ptr<Commande> commandePrestation();
 std::unique_ptr<Commande> commandeRemise();
 std::unique_ptr<Commande> commandeDelai();
 std::unique_ptr<Commande> commandeProposition();
+std::unique_ptr<Commande> commandeStructure();
+std::unique_ptr<Commande> commandeEmploye();
+std::unique_ptr<Commande> commandeEvenement();
 
 // Every command, in the order the help lists them.
 Commandes toutesLesCommandes();
