@@ -10,12 +10,16 @@
 #include "app/PopoverVerrou.h"
 #include "app/SectionFichiers.h"
 #include "app/SectionVerrou.h"
+#include "app/csv/FenetreExportCsv.h"
+#include "app/csv/FenetreImportCsv.h"
 #include "app/employeurs/FenetreModeles.h"
 #include "app/fiscalite/FenetreAutoEntrepreneur.h"
 #include "app/periodes/AssistantNouvellePeriode.h"
 #include "app/periodes/FenetrePeriodes.h"
 #include "app/profil/FenetreProfil.h"
 
+#include "exchange/ExportCsv.h"
+#include "exchange/ImportCsv.h"
 #include "regimes/TableauDeBord.h"
 #include "store/Dialogues.h"
 #include "store/Document.h"
@@ -286,6 +290,8 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         {FenetreDossier::NouvellePeriode, QStringLiteral("Gestion des périodes")},
         {FenetreDossier::ModelesContrats, QStringLiteral("Modèles de contrat")},
         {FenetreDossier::AutoEntrepreneur, QStringLiteral("Auto-entrepreneur")},
+        {FenetreDossier::ExportCsv, ExportCsv::titre()},
+        {FenetreDossier::ImportCsv, ImportCsv::titre()},
     };
     if (m_document.isEmpty() || m_verrouille) {
         if (m_document.isEmpty())
@@ -309,6 +315,12 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         break;
     case FenetreDossier::AutoEntrepreneur:
         fenetre = new FenetreAutoEntrepreneur(environnement, m_documentOuvert.get(), &m_fenetre);
+        break;
+    case FenetreDossier::ExportCsv:
+        fenetre = new FenetreExportCsv(environnement, *m_documentOuvert, &m_fenetre);
+        break;
+    case FenetreDossier::ImportCsv:
+        fenetre = new FenetreImportCsv(environnement, *m_documentOuvert, &m_fenetre);
         break;
     }
     fenetre->setAttribute(Qt::WA_DeleteOnClose);

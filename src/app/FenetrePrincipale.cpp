@@ -145,6 +145,15 @@ void FenetrePrincipale::construireMenus()
             QKeySequence(), &FenetrePrincipale::sauvegardeDemandee);
     ajouter(fichier, QStringLiteral("actionExporterDossier"), QStringLiteral("&Exporter tout le dossier en PDF"),
             QKeySequence(), &FenetrePrincipale::exportDossierDemande);
+    // The CSV windows, beside the PDF export.
+    const auto ajouterFenetre = [this, fichier](const char* nom, const QString& libelle, FenetreDossier fenetre) {
+        QAction* action = fichier->addAction(libelle);
+        action->setObjectName(QLatin1String(nom));
+        connect(action, &QAction::triggered, this, [this, fenetre] { emit fenetreDemandee(fenetre); });
+    };
+    ajouterFenetre("actionExportCsv", QStringLiteral("Exporter une liste en CS&V…"), FenetreDossier::ExportCsv);
+    ajouterFenetre("actionImportCsv", QStringLiteral("&Importer des employeurs depuis un fichier CSV…"),
+                   FenetreDossier::ImportCsv);
     fichier->addSeparator();
     ajouter(fichier, QStringLiteral("actionPreferences"), QStringLiteral("&Préférences…"),
             QKeySequence(QStringLiteral("Ctrl+,")), &FenetrePrincipale::preferencesDemandees)

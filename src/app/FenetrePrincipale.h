@@ -35,6 +35,8 @@ enum class FenetreDossier
     NouvellePeriode,
     ModelesContrats,
     AutoEntrepreneur,
+    ExportCsv,
+    ImportCsv,
 };
 
 class FenetrePrincipale : public QMainWindow

@@ -18,6 +18,7 @@ Commandes toutesLesCommandes()
     liste.push_back(commandePeriode());
     liste.push_back(commandeContrat());
     liste.push_back(commandePdf());
+    liste.push_back(commandeCsv());
     liste.push_back(commandePeriodeReference());
     liste.push_back(commandeHeures());
     liste.push_back(commandeSimulation());

@@ -18,6 +18,7 @@ std::unique_ptr<Commande> commandeModele();
 std::unique_ptr<Commande> commandePeriode();
 std::unique_ptr<Commande> commandeContrat();
 std::unique_ptr<Commande> commandePdf();
+std::unique_ptr<Commande> commandeCsv();
 std::unique_ptr<Commande> commandePeriodeReference();
 std::unique_ptr<Commande> commandeHeures();
 std::unique_ptr<Commande> commandeSimulation();

@@ -88,7 +88,7 @@ const QHash<char16_t, char>& tableInverse(CsvEncodage encodage)
 
 } // namespace
 
-CsvEncodage detecterEncodage(QByteArrayView debut)
+std::optional<CsvEncodage> encodageDeLaMarque(QByteArrayView debut)
 {
     const qsizetype taille = debut.size();
     auto octet = [&](qsizetype i) { return uchar(debut[i]); };
@@ -103,6 +103,15 @@ CsvEncodage detecterEncodage(QByteArrayView debut)
         return CsvEncodage::Utf16BigEndian;
     if (taille >= 2 && octet(0) == 0xFF && octet(1) == 0xFE)
         return CsvEncodage::Utf16LittleEndian;
+    return std::nullopt;
+}
+
+CsvEncodage detecterEncodage(QByteArrayView debut)
+{
+    if (const auto marque = encodageDeLaMarque(debut))
+        return *marque;
+    const qsizetype taille = debut.size();
+    auto octet = [&](qsizetype i) { return uchar(debut[i]); };
 
     // Without a mark: a first ASCII character shows its zero bytes.
     if (taille >= 4 && octet(0) == 0 && octet(1) == 0 && octet(2) == 0 && octet(3) != 0)

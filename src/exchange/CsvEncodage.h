@@ -25,6 +25,10 @@ enum class CsvEncodage
     Windows1252, // likewise; what a spreadsheet saves when it is not told otherwise
 };
 
+// The encoding that a byte-order mark at the start of these bytes names, if there is one
+// (UTF-32 before UTF-16, since "FF FE 00 00" starts both).
+std::optional<CsvEncodage> encodageDeLaMarque(QByteArrayView debut);
+
 // Guesses an encoding from the first bytes of a stream: a byte-order mark; else the NUL bytes that
 // UTF-16 or UTF-32 text starting with an ASCII character has; else UTF-8 when the bytes are valid
 // UTF-8; else Windows-1252. At least four bytes should be given when the stream has them.

@@ -323,12 +323,12 @@ void CsvParser::signalerInattendu(QChar c)
     echouer(CsvErreur::DelimiteurInattendu,
             QStringLiteral("Unexpected delimiter. Expected %1, but got %2")
                 .arg(decrireCaractere(m_delimiter.unicode()), decrireCaractere(codePoint)),
-            QStringLiteral("Line %1, column %2").arg(m_ligne).arg(m_colonne));
+            QStringLiteral("Line %1, column %2").arg(m_ligne).arg(m_colonne), m_ligne, m_colonne);
 }
 
-void CsvParser::echouer(int code, const QString& description, const QString& details)
+void CsvParser::echouer(int code, const QString& description, const QString& details, qint64 ligne, qint64 colonne)
 {
-    m_erreur = {code, description, details};
+    m_erreur = {code, description, details, ligne, colonne};
     if (m_delegate)
         m_delegate->parserDidFailWithError(*this, m_erreur);
 }

@@ -31,6 +31,9 @@ struct CsvErreur
     int code = AucuneErreur;
     QString description;
     QString details; // where it happened, or the system's reason
+    // Where an unexpected delimiter stood in the text, counted from 1 (0 for the other errors).
+    qint64 ligne = 0;
+    qint64 colonne = 0;
 };
 
 // The parser's switches, for the convenience readers that set them all at once.
@@ -135,7 +138,7 @@ private:
     void lireChampCite(QString& champ);
     void lireChampSimple(QString& champ);
     void signalerInattendu(QChar c);
-    void echouer(int code, const QString& description, const QString& details);
+    void echouer(int code, const QString& description, const QString& details, qint64 ligne = 0, qint64 colonne = 0);
 
     QIODevice* m_flux = nullptr;
     std::unique_ptr<QIODevice> m_fluxPossede;

@@ -122,7 +122,8 @@ private:
 
     // % sql FICHIER TEXTE            runs the text; a SELECT prints its rows
     // % script NOM FICHIER           a document from an SQL script of tests/data
-    // % ecrire FICHIER [TEXTE]       a file holding the text (an empty one without)
+    // % ecrire FICHIER [TEXTE]       a file holding the text (an empty one without); "\n" is a line break
+    // % contenu FICHIER              the text a file holds (the rest of the line is the path)
     // % dossier CHEMIN               a folder
     // % tronquer FICHIER OCTETS      the file cut to its first bytes
     // % lecture-seule FICHIER        the file made read-only
@@ -151,7 +152,11 @@ private:
         } else if (nom == QStringLiteral("script")) {
             documentDepuisScript(ligne.section(QLatin1Char(' '), 1, 1), chemin(reste));
         } else if (nom == QStringLiteral("ecrire")) {
-            ecrire(fichier, reste.toUtf8());
+            ecrire(fichier, QString(reste).replace(QStringLiteral("\\n"), QStringLiteral("\n")).toUtf8());
+        } else if (nom == QStringLiteral("contenu")) {
+            const QString entier = chemin(ligne.section(QLatin1Char(' '), 1));
+            QVERIFY2(QFileInfo::exists(entier), qPrintable(entier));
+            noter(QStringLiteral("| "), QString::fromUtf8(lire(entier)));
         } else if (nom == QStringLiteral("dossier")) {
             QVERIFY(QDir().mkpath(fichier));
         } else if (nom == QStringLiteral("tronquer")) {
