@@ -13,6 +13,7 @@
 #include "manager/Structures.h"
 
 #include <QMimeData>
+#include <QTemporaryDir>
 #include <QTabWidget>
 #include <QTreeView>
 
@@ -131,6 +132,14 @@ private slots:
         QTRY_COMPARE(e.evenements().modele()->texte(0, 5), QStringLiteral("0"));
         QCOMPARE(trouver<QLabel>(e.section, "resumePaiements")->text(),
                  QStringLiteral("Tous les employés sont payés."));
+
+        // The events' PDF menu composes the engagement contract for the event's organiser.
+        QTemporaryDir dossier;
+        const QString contrat = dossier.filePath(QStringLiteral("contrat.pdf"));
+        e.banc.dialogues.choisirChemins({contrat});
+        e.evenements().findChild<QAction*>(QStringLiteral("actionPdfContratEngagement"))->trigger();
+        QVERIFY2(QFileInfo(contrat).size() > 0, qPrintable(e.banc.dernierMessage()));
+        QVERIFY(e.banc.dialogues.panneaux().last().nomPropose.startsWith(QStringLiteral("Contrat")));
     }
 
     // Without a document, every action says so.

@@ -11,6 +11,8 @@
 #include "store/Horloge.h"
 #include "store/Reglages.h"
 
+#include <QToolButton>
+
 namespace corvane::app {
 
 MenuDocumentsManager::MenuDocumentsManager(Environnement& environnement, std::function<QString()> document,
@@ -35,6 +37,16 @@ MenuDocumentsManager::MenuDocumentsManager(Environnement& environnement, std::fu
         action->setObjectName(QStringLiteral("actionFormulaire_") + formulaires.at(i).nom);
         connect(action, &QAction::triggered, this, [this, i] { ouvrirFormulaire(i); });
     }
+}
+
+QToolButton* MenuDocumentsManager::bouton(const QString& nomObjet, QWidget* parent)
+{
+    auto* pdf = new QToolButton(parent);
+    pdf->setObjectName(nomObjet);
+    pdf->setText(QStringLiteral("PDF"));
+    pdf->setPopupMode(QToolButton::InstantPopup);
+    pdf->setMenu(this);
+    return pdf;
 }
 
 void MenuDocumentsManager::alerter(const QString& message)

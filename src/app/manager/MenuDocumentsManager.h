@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class QToolButton;
+
 namespace corvane::app {
 
 struct Environnement;
@@ -27,6 +29,9 @@ public:
 
     MenuDocumentsManager(Environnement& environnement, std::function<QString()> document,
                          std::function<int()> selection, Origine origine, QWidget* parent = nullptr);
+
+    // The "PDF" button of a tab's toolbar, its menu this one.
+    QToolButton* bouton(const QString& nomObjet, QWidget* parent);
 
     // How a form found in the folder is shown; by default the program's PDF viewer.
     void setAfficheur(std::function<void(const QString&)> afficheur) { m_afficheur = std::move(afficheur); }

@@ -4,6 +4,7 @@
 #include "app/Environnement.h"
 #include "app/kit/ModeleTableau.h"
 #include "app/manager/FormulaireEvenement.h"
+#include "app/manager/MenuDocumentsManager.h"
 #include "app/manager/ModelePaiements.h"
 #include "manager/Evenements.h"
 #include "manager/ListesIds.h"
@@ -21,6 +22,7 @@
 #include <QStackedWidget>
 #include <QTableView>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace corvane::app {
@@ -86,15 +88,19 @@ OngletEvenements::OngletEvenements(Environnement& environnement, QWidget* parent
     partage->setStretchFactor(1, 2);
     miseListe->addWidget(partage, 1);
 
-    m_barre = new QHBoxLayout;
+    auto* barre = new QHBoxLayout;
     auto* nouveau = bouton(m_liste, QStringLiteral("Nouvel événement"), QStringLiteral("boutonNouvelEvenement"));
     m_modifier = bouton(m_liste, QStringLiteral("Modifier"), QStringLiteral("boutonModifierEvenement"));
     m_supprimer = bouton(m_liste, QStringLiteral("Supprimer"), QStringLiteral("boutonSupprimerEvenement"));
-    m_barre->addWidget(nouveau);
-    m_barre->addWidget(m_modifier);
-    m_barre->addStretch(1);
-    m_barre->addWidget(m_supprimer);
-    miseListe->addLayout(m_barre);
+    barre->addWidget(nouveau);
+    barre->addWidget(m_modifier);
+    m_menu = new MenuDocumentsManager(
+        m_environnement, [this] { return m_document ? m_document->chemin() : QString(); },
+        [this] { return evenementSelectionne(); }, MenuDocumentsManager::Origine::Evenements, this);
+    barre->addWidget(m_menu->bouton(QStringLiteral("boutonDocumentsEvenement"), m_liste));
+    barre->addStretch(1);
+    barre->addWidget(m_supprimer);
+    miseListe->addLayout(barre);
 
     m_formulaire = new FormulaireEvenement(environnement, m_etats);
     m_formulaire->setObjectName(QStringLiteral("formulaireEvenement"));
@@ -159,11 +165,6 @@ void OngletEvenements::showEvent(QShowEvent* evenement)
 bool OngletEvenements::enEdition() const
 {
     return m_etats->currentWidget() == m_formulaire;
-}
-
-void OngletEvenements::ajouterALaBarre(QWidget* widget)
-{
-    m_barre->insertWidget(m_barre->indexOf(m_supprimer), widget);
 }
 
 int OngletEvenements::evenementSelectionne() const

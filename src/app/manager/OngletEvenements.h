@@ -17,6 +17,7 @@ class Evenements;
 namespace corvane::app {
 
 class FormulaireEvenement;
+class MenuDocumentsManager;
 class ModelePaiements;
 class ModeleTableau;
 
@@ -43,9 +44,6 @@ public:
     int evenementSelectionne() const;
     void selectionner(int id);
 
-    // The buttons under the list; a widget added here goes before "Supprimer" (the documents menu).
-    void ajouterALaBarre(QWidget* widget);
-
     QTableView* table() const { return m_table; }
     ModeleTableau* modele() const { return m_modele; }
     QTableView* tablePaiements() const { return m_tablePaiements; }
@@ -65,6 +63,7 @@ private:
 
     Environnement& m_environnement;
     Document* m_document = nullptr;
+    MenuDocumentsManager* m_menu = nullptr;
     std::unique_ptr<Evenements> m_evenements;
 
     QStackedWidget* m_etats = nullptr;
@@ -75,7 +74,6 @@ private:
     QTableView* m_tablePaiements = nullptr;
     ModelePaiements* m_paiements = nullptr;
     QLabel* m_resume = nullptr;
-    QHBoxLayout* m_barre = nullptr;
     QPushButton* m_modifier = nullptr;
     QPushButton* m_supprimer = nullptr;
 };

@@ -57,14 +57,10 @@ OngletPropositions::OngletPropositions(Environnement& environnement, QWidget* pa
         m_statut->addItem(ModelePropositions::iconeStatut(code), Propositions::libelleStatut(code), code);
     auto* remises = bouton(this, QStringLiteral("Remises…"), QStringLiteral("boutonRemises"));
     auto* delais = bouton(this, QStringLiteral("Délais…"), QStringLiteral("boutonDelais"));
-    auto* pdf = new QToolButton(this);
-    pdf->setObjectName(QStringLiteral("boutonDocumentsProposition"));
-    pdf->setText(QStringLiteral("PDF"));
-    pdf->setPopupMode(QToolButton::InstantPopup);
     m_menu = new MenuDocumentsManager(
         m_environnement, [this] { return m_document ? m_document->chemin() : QString(); },
         [this] { return idSelectionne(); }, MenuDocumentsManager::Origine::Propositions, this);
-    pdf->setMenu(m_menu);
+    auto* pdf = m_menu->bouton(QStringLiteral("boutonDocumentsProposition"), this);
     barre->addWidget(nouvelle);
     barre->addWidget(modifier);
     barre->addWidget(supprimer);
