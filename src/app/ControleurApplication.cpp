@@ -4,6 +4,8 @@
 #include "app/ExportDossierPdf.h"
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
+#include "app/FenetreTrajets.h"
+#include "app/PanneauPreferencesCartes.h"
 #include "app/PanneauPreferencesImpressions.h"
 #include "app/PanneauPreferencesSites.h"
 #include "app/PopoverVerrou.h"
@@ -268,6 +270,7 @@ FenetrePreferences* ControleurApplication::showPreferences()
     preferences->setFile(m_document);
     preferences->ajouterPanneau(QStringLiteral("Impressions"), new PanneauPreferencesImpressions(m_reglages));
     preferences->ajouterPanneau(QStringLiteral("Sites internet"), new PanneauPreferencesSites(m_reglages));
+    preferences->ajouterPanneau(QStringLiteral("Cartes"), new PanneauPreferencesCartes(m_reglages));
     connect(preferences, &FenetrePreferences::reglagesModifies, this, [this] {
         majAlertes();
         appliquerApparence();
@@ -284,6 +287,7 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         {FenetreDossier::NouvellePeriode, QStringLiteral("Gestion des périodes")},
         {FenetreDossier::ModelesContrats, QStringLiteral("Modèles de contrat")},
         {FenetreDossier::AutoEntrepreneur, QStringLiteral("Auto-entrepreneur")},
+        {FenetreDossier::Trajets, FenetreTrajets::titre()},
     };
     if (m_document.isEmpty() || m_verrouille) {
         if (m_document.isEmpty())
@@ -307,6 +311,9 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         break;
     case FenetreDossier::AutoEntrepreneur:
         fenetre = new FenetreAutoEntrepreneur(environnement, m_documentOuvert.get(), &m_fenetre);
+        break;
+    case FenetreDossier::Trajets:
+        fenetre = new FenetreTrajets(environnement, *m_documentOuvert, 0, &m_fenetre);
         break;
     }
     fenetre->setAttribute(Qt::WA_DeleteOnClose);

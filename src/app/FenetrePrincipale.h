@@ -35,6 +35,7 @@ enum class FenetreDossier
     NouvellePeriode,
     ModelesContrats,
     AutoEntrepreneur,
+    Trajets,
 };
 
 class FenetrePrincipale : public QMainWindow
