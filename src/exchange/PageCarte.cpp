@@ -83,7 +83,11 @@ function localiser(adresse, connu) {
         return repli;
     });
 }
+// The tiles with their credit, and the zoom buttons in French; no link that would lead the view away.
 function fond(carte) {
+    carte.attributionControl.setPrefix(false);
+    carte.zoomControl.remove();
+    L.control.zoom({zoomInTitle: 'Zoom avant', zoomOutTitle: 'Zoom arrière'}).addTo(carte);
     if (fournisseur.tuiles)
         L.tileLayer(fournisseur.tuiles, {maxZoom: 19, attribution: fournisseur.mention}).addTo(carte);
 }
