@@ -29,6 +29,10 @@ constexpr int kEssais = 120;
 constexpr int kIntervalle = 250;
 const QString kAttente = QStringLiteral("…");
 const QString kAucun = QStringLiteral("—");
+// What the route page writes into its body.
+const QString kDistance = QStringLiteral("document.getElementById('body').getAttribute('distance')");
+const QString kTemps = QStringLiteral("document.getElementById('body').getAttribute('temps');");
+const QString kEtat = QStringLiteral("document.getElementById('body').getAttribute('etat')");
 
 Employeur employeurDe(Document& document, int id)
 {
@@ -253,39 +257,38 @@ void FenetreTrajets::afficherPage()
 
 void FenetreTrajets::lireDistanceTemps(int page, int essai)
 {
-    QPointer<FenetreTrajets> moi(this);
-    const auto encoreAJour = [moi, page] { return moi && moi->m_page == page; };
-    m_vue->evaluer(QStringLiteral("document.getElementById('body').getAttribute('distance')"),
-                   [this, encoreAJour, page, essai](const QVariant& distance) {
-                       if (!encoreAJour())
-                           return;
-                       m_vue->evaluer(QStringLiteral("document.getElementById('body').getAttribute('temps');"),
-                                      [this, encoreAJour, page, essai, distance](const QVariant& temps) {
-                                          if (!encoreAJour())
-                                              return;
-                                          if (!distance.toString().isEmpty()) {
-                                              montrerResultat(distance.toString(), temps.toString());
-                                              return;
-                                          }
-                                          // Not there yet: the page may still be waiting for the service, or have given
-                                          // up.
-                                          m_vue->evaluer(
-                                              QStringLiteral("document.getElementById('body').getAttribute('etat')"),
-                                              [this, encoreAJour, page, essai](const QVariant& etat) {
-                                                  if (!encoreAJour())
-                                                      return;
-                                                  if (etat.toString() == QStringLiteral("erreur") ||
-                                                      essai + 1 >= kEssais) {
-                                                      montrerResultat(kAucun, kAucun);
-                                                      return;
-                                                  }
-                                                  QTimer::singleShot(kIntervalle, this, [this, page, essai] {
-                                                      if (m_page == page)
-                                                          lireDistanceTemps(page, essai + 1);
-                                                  });
-                                              });
-                                      });
-                   });
+    evaluerPourLaPage(page, kDistance, [this, page, essai](const QVariant& distance) {
+        evaluerPourLaPage(page, kTemps, [this, page, essai, distance](const QVariant& temps) {
+            if (!distance.toString().isEmpty())
+                montrerResultat(distance.toString(), temps.toString());
+            else
+                attendreLaPage(page, essai);
+        });
+    });
+}
+
+void FenetreTrajets::attendreLaPage(int page, int essai)
+{
+    // Not there yet: the page may still be waiting for the service, or have given up.
+    evaluerPourLaPage(page, kEtat, [this, page, essai](const QVariant& etat) {
+        if (etat.toString() == QStringLiteral("erreur") || essai + 1 >= kEssais) {
+            montrerResultat(kAucun, kAucun);
+            return;
+        }
+        QTimer::singleShot(kIntervalle, this, [this, page, essai] {
+            if (m_page == page)
+                lireDistanceTemps(page, essai + 1);
+        });
+    });
+}
+
+void FenetreTrajets::evaluerPourLaPage(int page, const QString& script, std::function<void(const QVariant&)> suite)
+{
+    m_vue->evaluer(script, [this, page, suite = std::move(suite)](const QVariant& valeur) {
+        // The view, and so this window, still exists; a newer page makes the answer stale.
+        if (m_page == page)
+            suite(valeur);
+    });
 }
 
 void FenetreTrajets::montrerResultat(const QString& distance, const QString& temps)

@@ -3,6 +3,9 @@
 #include <QDialog>
 #include <QPointer>
 #include <QString>
+#include <QVariant>
+
+#include <functional>
 
 class QButtonGroup;
 class QCheckBox;
@@ -56,6 +59,9 @@ private:
     void afficherPage();
     // Once the route page has loaded: its distance and time, read until the page has them.
     void lireDistanceTemps(int page, int essai);
+    void attendreLaPage(int page, int essai);
+    // Runs `script` in the page, and `suite` with its value unless another page was shown since.
+    void evaluerPourLaPage(int page, const QString& script, std::function<void(const QVariant&)> suite);
     void montrerResultat(const QString& distance, const QString& temps);
 
     Environnement& m_environnement;
