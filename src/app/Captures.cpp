@@ -23,6 +23,8 @@ namespace {
 // Long enough for the first layout and for a section's contents to load after being shown.
 constexpr int kDelaiPremiereCapture = 300;
 constexpr int kDelaiEntreCaptures = 150;
+// A map page loads its library and asks the maps service before it is drawn.
+constexpr int kDelaiCarte = 3000;
 
 // A picture of a section, or of what a command opens from it: the command is a menu
 // action or a button of the section; the window it opens is pictured, then closed (the
@@ -32,6 +34,7 @@ struct Prise
     QString chemin;
     Section section;
     QString commande;
+    int delai = kDelaiEntreCaptures;
 };
 
 QWidget* preparer(FenetrePrincipale& fenetre, const Prise& prise)
@@ -74,7 +77,7 @@ void prendreSuivante(FenetrePrincipale& fenetre, std::shared_ptr<QList<Prise>> p
     const Prise prise = prises->takeFirst();
     fenetre.afficherSection(prise.section);
     QWidget* cible = preparer(fenetre, prise);
-    QTimer::singleShot(kDelaiEntreCaptures, &fenetre, [&fenetre, prises, prise, reussi, cible] {
+    QTimer::singleShot(prise.delai, &fenetre, [&fenetre, prises, prise, reussi, cible] {
         const bool ok = cible && enregistrer(*cible, prise.chemin);
         if (cible && cible != &fenetre)
             cible->close();
@@ -135,6 +138,8 @@ void programmerCaptures(FenetrePrincipale& fenetre, const QString& destination)
              QStringLiteral("boutonCategoriesFrais")},
             {dossier.filePath(QStringLiteral("formulaire-droits-voisins.png")), Section::DroitsVoisins,
              QStringLiteral("boutonNouveauDv")},
+            {dossier.filePath(QStringLiteral("trajets.png")), Section::Employeurs, QStringLiteral("boutonTrajets"),
+             kDelaiCarte},
         };
         for (const Prise& p : fenetres)
             prises->append(p);

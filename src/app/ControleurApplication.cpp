@@ -5,6 +5,8 @@
 #include "app/FenetrePreferences.h"
 #include "app/FenetrePrincipale.h"
 #include "app/PanneauPreferencesFormulaires.h"
+#include "app/FenetreTrajets.h"
+#include "app/PanneauPreferencesCartes.h"
 #include "app/PanneauPreferencesImpressions.h"
 #include "app/PanneauPreferencesSites.h"
 #include "app/PopoverVerrou.h"
@@ -274,6 +276,7 @@ FenetrePreferences* ControleurApplication::showPreferences()
     preferences->ajouterPanneau(QStringLiteral("Impressions"), new PanneauPreferencesImpressions(m_reglages));
     preferences->ajouterPanneau(QStringLiteral("Sites internet"), new PanneauPreferencesSites(m_reglages));
     preferences->ajouterPanneau(QStringLiteral("Formulaires officiels"), new PanneauPreferencesFormulaires(m_reglages));
+    preferences->ajouterPanneau(QStringLiteral("Cartes"), new PanneauPreferencesCartes(m_reglages));
     connect(preferences, &FenetrePreferences::reglagesModifies, this, [this] {
         majAlertes();
         appliquerApparence();
@@ -292,6 +295,7 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         {FenetreDossier::AutoEntrepreneur, QStringLiteral("Auto-entrepreneur")},
         {FenetreDossier::ExportCsv, ExportCsv::titre()},
         {FenetreDossier::ImportCsv, ImportCsv::titre()},
+        {FenetreDossier::Trajets, FenetreTrajets::titre()},
     };
     if (m_document.isEmpty() || m_verrouille) {
         if (m_document.isEmpty())
@@ -321,6 +325,9 @@ QDialog* ControleurApplication::ouvrirFenetre(FenetreDossier quoi)
         break;
     case FenetreDossier::ImportCsv:
         fenetre = new FenetreImportCsv(environnement, *m_documentOuvert, &m_fenetre);
+        break;
+    case FenetreDossier::Trajets:
+        fenetre = new FenetreTrajets(environnement, *m_documentOuvert, 0, &m_fenetre);
         break;
     }
     fenetre->setAttribute(Qt::WA_DeleteOnClose);

@@ -179,6 +179,7 @@ void FenetrePrincipale::construireMenus()
         {"actionNouvellePeriode", QStringLiteral("&Nouvelle période…"), QKeySequence(),
          FenetreDossier::NouvellePeriode},
         {"actionModeles", QStringLiteral("&Modèles de contrat…"), QKeySequence(), FenetreDossier::ModelesContrats},
+        {"actionTrajets", QStringLiteral("&Trajets…"), QKeySequence(), FenetreDossier::Trajets},
     };
     for (const auto& f : fenetres) {
         QAction* action = dossier->addAction(f.libelle);

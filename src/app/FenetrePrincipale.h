@@ -37,6 +37,7 @@ enum class FenetreDossier
     AutoEntrepreneur,
     ExportCsv,
     ImportCsv,
+    Trajets,
 };
 
 class FenetrePrincipale : public QMainWindow

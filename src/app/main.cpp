@@ -4,6 +4,7 @@
 #include "app/FenetrePrincipale.h"
 #include "app/InstanceUnique.h"
 #include "app/Langue.h"
+#include "app/VueCarte.h"
 #include "store/Reglages.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@
 
 int main(int argc, char* argv[])
 {
+    corvane::app::preparerMoteurWeb();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvane"));
     QApplication::setOrganizationName(QStringLiteral("Corvane"));

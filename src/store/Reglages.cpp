@@ -110,6 +110,18 @@ const QList<Definition>& definitions()
         {C::FiscaliteImpressionsListeContrats, "Fiscalite_ImpressionsListeContrats", true},
         {C::AutoEntrepreneurSiteInternet, "AutoEntrepreneur_SiteInternet",
          QStringLiteral("https://www.autoentrepreneur.urssaf.fr/")},
+        // The maps service: OpenStreetMap's tiles, Nominatim's geocoding, OSRM's driving routes.
+        // The script is the one that asks the services ("": the built-in one for these); OSM has no
+        // traffic layer. "{adresse}", "{depart}" and "{arrivee}" (longitude,latitude) are filled in.
+        {C::CartesScript, "Cartes_Script", QString()},
+        {C::CartesTuiles, "Cartes_Tuiles", QStringLiteral("https://tile.openstreetmap.org/{z}/{x}/{y}.png")},
+        {C::CartesTrafic, "Cartes_Trafic", QString()},
+        {C::CartesGeocodeur, "Cartes_Geocodeur",
+         QStringLiteral("https://nominatim.openstreetmap.org/search?format=json&limit=1&q={adresse}")},
+        {C::CartesItineraire, "Cartes_Itineraire",
+         QStringLiteral("https://router.project-osrm.org/route/v1/driving/{depart};{arrivee}"
+                        "?overview=full&geometries=geojson")},
+        {C::CartesMention, "Cartes_Mention", QStringLiteral("© les contributeurs d'OpenStreetMap")},
         // The expenses list: its sort word (applied inverted: "ASC" lists the newest first), its
         // span filter ("TOUS", "PERIODE", "ANNEE"), its category (0 for all), and the report's parts.
         {C::FraisSens, "fraisClassementGrilleFrais", QStringLiteral("ASC")},

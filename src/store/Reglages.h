@@ -102,6 +102,13 @@ public:
         FiscaliteImpressionsTotauxParEmployeurs,
         FiscaliteImpressionsListeContrats,
         AutoEntrepreneurSiteInternet,
+        // The maps service of the "Trajets" window and of the employers' map.
+        CartesScript,
+        CartesTuiles,
+        CartesTrafic,
+        CartesGeocodeur,
+        CartesItineraire,
+        CartesMention,
         FraisSens,
         FraisFiltre,
         FraisCategorie,

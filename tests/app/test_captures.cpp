@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -30,6 +31,11 @@ private:
             environnement.insert(QString::fromLatin1(variable), maison);
         environnement.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         environnement.insert(QStringLiteral("CORVANE_CAPTURE"), capture);
+        // No maps service, so that the map pages ask nothing of the network.
+        QSettings reglages(maison + QStringLiteral("/Corvane/Corvane.conf"), QSettings::IniFormat);
+        reglages.setValue(QStringLiteral("Cartes_Script"), QStringLiteral("qrc:/carte/aucun.js"));
+        reglages.setValue(QStringLiteral("Cartes_Tuiles"), QString());
+        reglages.sync();
         QProcess programme;
         programme.setProcessEnvironment(environnement);
         programme.start(QStringLiteral(CORVANE_EXE), {document});
@@ -76,7 +82,7 @@ private slots:
         // social-security and expense forms.
         const QStringList fenetres{"profil.png",           "periodes.png",          "modeles-contrat.png",
                                    "preferences.png",      "versements-conges.png", "auto-entrepreneur.png",
-                                   "versements-pole-emploi.png", "categories-frais.png"};
+                                   "versements-pole-emploi.png", "categories-frais.png", "trajets.png"};
         attendus << fenetres << QStringLiteral("formulaire-contrat.png")
                  << QStringLiteral("formulaire-securite-sociale.png") << QStringLiteral("formulaire-frais.png")
                  << QStringLiteral("formulaire-droits-voisins.png");

@@ -2,7 +2,9 @@
 
 #include "app/ActionsRapport.h"
 #include "app/Environnement.h"
+#include "app/FenetreTrajets.h"
 #include "app/MemoireColonnes.h"
+#include "app/employeurs/CarteEmployeur.h"
 #include "app/employeurs/CumulsEmployeurs.h"
 #include "app/employeurs/FenetreModeles.h"
 #include "app/employeurs/ModeleEmployeurs.h"
@@ -55,6 +57,9 @@ SectionEmployeurs::SectionEmployeurs(Environnement& environnement, QWidget* pare
     barre->addWidget(nouveau);
     barre->addWidget(importer);
     barre->addWidget(modeles);
+    auto* trajets = bouton(this, QStringLiteral("Trajets…"), QStringLiteral("boutonTrajets"));
+    trajets->setToolTip(QStringLiteral("L'itinéraire de votre domicile à cet employeur"));
+    barre->addWidget(trajets);
     barre->addStretch(1);
     barre->addWidget(m_nombre);
     ajouterBoutonsRapport(
@@ -102,6 +107,8 @@ SectionEmployeurs::SectionEmployeurs(Environnement& environnement, QWidget* pare
     onglets->addTab(defilement, QStringLiteral("Fiche"));
     m_cumuls = new CumulsEmployeurs;
     onglets->addTab(m_cumuls, QStringLiteral("Cumuls"));
+    m_carte = new CarteEmployeur(environnement);
+    onglets->addTab(m_carte, QStringLiteral("Carte"));
     partage->addWidget(m_liste);
     partage->addWidget(onglets);
     partage->setStretchFactor(0, 3);
@@ -113,6 +120,7 @@ SectionEmployeurs::SectionEmployeurs(Environnement& environnement, QWidget* pare
     connect(nouveau, &QPushButton::clicked, this, &SectionEmployeurs::nouvelEmployeur);
     connect(importer, &QPushButton::clicked, this, &SectionEmployeurs::importer);
     connect(modeles, &QPushButton::clicked, this, &SectionEmployeurs::gererModeles);
+    connect(trajets, &QPushButton::clicked, this, &SectionEmployeurs::ouvrirTrajets);
     connect(m_panneau, &PanneauEmployeur::enregistrementDemande, this, &SectionEmployeurs::enregistrer);
     connect(m_panneau, &PanneauEmployeur::suppressionDemandee, this, &SectionEmployeurs::supprimer);
     connect(m_liste->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -160,8 +168,10 @@ void SectionEmployeurs::afficherListe(int idASelectionner)
         selectionner(idASelectionner);
     else if (m_tri->rowCount() > 0)
         m_liste->selectRow(0);
-    else
+    else {
         m_panneau->vider();
+        m_carte->vider();
+    }
     majCumuls();
 }
 
@@ -188,8 +198,11 @@ void SectionEmployeurs::selectionChangee()
     const QModelIndexList lignes = m_liste->selectionModel()->selectedRows();
     if (lignes.isEmpty()) {
         m_panneau->vider();
+        m_carte->vider();
     } else {
-        m_panneau->afficher(Employeurs::depuisLigne(m_modele->ligne(m_tri->mapToSource(lignes.first()).row())));
+        const Employeur employeur = Employeurs::depuisLigne(m_modele->ligne(m_tri->mapToSource(lignes.first()).row()));
+        m_panneau->afficher(employeur);
+        m_carte->afficher(employeur);
     }
     majCumuls();
 }
@@ -287,6 +300,11 @@ void SectionEmployeurs::gererModeles()
     auto* fenetre = new FenetreModeles(m_environnement, *document(), this);
     fenetre->setAttribute(Qt::WA_DeleteOnClose);
     fenetre->open();
+}
+
+void SectionEmployeurs::ouvrirTrajets()
+{
+    FenetreTrajets::ouvrir(m_environnement, m_employeurs ? document() : nullptr, idSelectionne(), this);
 }
 
 } // namespace corvane::app

@@ -15,6 +15,7 @@ class Employeurs;
 namespace corvane::app {
 
 struct Environnement;
+class CarteEmployeur;
 class CumulsEmployeurs;
 class ModeleEmployeurs;
 class PanneauEmployeur;
@@ -37,6 +38,8 @@ public:
     void supprimer();
     void importer();
     void gererModeles();
+    // "Trajets": the route from home to the chosen employer.
+    void ouvrirTrajets();
 
 protected:
     QSet<QString> tablesLues() const override;
@@ -57,6 +60,7 @@ private:
     QLabel* m_nombre = nullptr;
     PanneauEmployeur* m_panneau = nullptr;
     CumulsEmployeurs* m_cumuls = nullptr;
+    CarteEmployeur* m_carte = nullptr;
 };
 
 } // namespace corvane::app
