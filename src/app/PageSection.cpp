@@ -69,14 +69,4 @@ void PageSection::showEvent(QShowEvent* evenement)
     rechargerSiVisible();
 }
 
-PageAVenir::PageAVenir(Section section, QWidget* parent) : PageSection(section, parent)
-{
-    auto* note =
-        new QLabel(QStringLiteral("Cette section n'est pas encore disponible dans cette version de Corvane."), this);
-    note->setObjectName(QStringLiteral("noteAVenir"));
-    note->setEnabled(false);
-    contenu()->addWidget(note);
-    contenu()->addStretch(1);
-}
-
 } // namespace corvane::app

@@ -51,13 +51,4 @@ private:
     QVBoxLayout* m_contenu;
 };
 
-// A section whose screens are not part of this version yet: its title and a plain note.
-class PageAVenir : public PageSection
-{
-    Q_OBJECT
-
-public:
-    PageAVenir(Section section, QWidget* parent = nullptr);
-};
-
 } // namespace corvane::app

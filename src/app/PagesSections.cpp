@@ -18,7 +18,6 @@ namespace corvane::app {
 
 PageSection* creerPage(Section section, Environnement& environnement, QWidget* parent)
 {
-    Q_UNUSED(environnement);
     switch (section) {
     case Section::TableauDeBord:
         return new SectionTableauDeBord(environnement, parent);
@@ -42,9 +41,12 @@ PageSection* creerPage(Section section, Environnement& environnement, QWidget* p
         return new SectionDroitsVoisins(environnement, parent);
     case Section::Manager:
         return new SectionManager(environnement, parent);
-    default:
-        return new PageAVenir(section, parent);
+    case Section::Verrou:
+        break;
     }
+    // The lock has its own page, outside the navigation bar.
+    Q_ASSERT_X(false, "creerPage", "not a section of the navigation bar");
+    return nullptr;
 }
 
 } // namespace corvane::app

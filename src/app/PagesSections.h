@@ -9,7 +9,7 @@ namespace corvane::app {
 struct Environnement;
 class PageSection;
 
-// The page that shows a navigation section; sections not built yet get a plain placeholder.
+// The page that shows a navigation section.
 PageSection* creerPage(Section section, Environnement& environnement, QWidget* parent);
 
 } // namespace corvane::app
