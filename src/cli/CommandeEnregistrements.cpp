@@ -108,6 +108,8 @@ int CommandeEnregistrements::supprimerEnregistrement(Contexte& contexte, const Q
         return code;
     if (!s.existe(chemin, id))
         return echec(contexte, s.inconnu(id));
+    if (const QString refus = s.refus ? s.refus(chemin, id) : QString(); !refus.isEmpty())
+        return echec(contexte, refus);
     if (!preparerEcriture(contexte, chemin, &code))
         return code;
     if (!s.supprime(chemin, id))

@@ -52,7 +52,8 @@ protected:
 
     // `ACTION FICHIER ID` that removes one record: the number read as `quoi`'s, the record
     // checked, the upgrade pass run, then removed; {"id": n} or the `fait` sentence ("%1" the
-    // number). `inconnu` words the refusal of a number no record carries, `echec` a failed write.
+    // number). `inconnu` words the refusal of a number no record carries, `echec` a failed write;
+    // `refus`, when given, the record's own reason not to be removed ("" when it may be).
     struct Suppression
     {
         QString quoi;
@@ -61,6 +62,7 @@ protected:
         std::function<QString(int id)> inconnu;
         QString echec;
         QString fait;
+        std::function<QString(const QString& chemin, int id)> refus = {};
     };
     int supprimerEnregistrement(Contexte& contexte, const QStringList& liste, const Suppression& s) const;
 

@@ -86,32 +86,14 @@ private:
 
     int supprimer(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
-        int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 2, &code))
-            return code;
-        const int id = lireNumero(contexte, arguments, QStringLiteral("structure"), &code);
-        if (code != Succes)
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
-            return code;
-        {
-            Structures structures(fichier);
-            if (!structures.structureExiste(id))
-                return echec(contexte, messageStructureInconnue(id));
-            if (const QString refus = structures.refusSuppression(id); !refus.isEmpty())
-                return echec(contexte, refus);
-        }
-        if (!preparerEcriture(contexte, fichier, &code))
-            return code;
-        if (!Structures(fichier).supprimeStructure(id))
-            return echec(contexte, QStringLiteral("La structure n'a pas pu être supprimée."));
-        if (contexte.json)
-            ecrireJson(contexte, {{"id", id}});
-        else
-            contexte.sortie << "Structure n° " << id << " supprimée." << Qt::endl;
-        return Succes;
+        return supprimerEnregistrement(
+            contexte, liste,
+            {QStringLiteral("structure"),
+             [](const QString& chemin, int id) { return Structures(chemin).structureExiste(id); },
+             [](const QString& chemin, int id) { return Structures(chemin).supprimeStructure(id); },
+             &messageStructureInconnue, QStringLiteral("La structure n'a pas pu être supprimée."),
+             QStringLiteral("Structure n° %1 supprimée."),
+             [](const QString& chemin, int id) { return Structures(chemin).refusSuppression(id); }});
     }
 
     int lister(Contexte& contexte, const QStringList& liste)
@@ -242,32 +224,14 @@ private:
 
     int supprimer(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
-        int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 2, &code))
-            return code;
-        const int id = lireNumero(contexte, arguments, QStringLiteral("employé"), &code);
-        if (code != Succes)
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
-            return code;
-        {
-            Employes employes(fichier);
-            if (!employes.employeExiste(id))
-                return echec(contexte, messageEmployeInconnu(id));
-            if (const QString refus = employes.refusSuppression(id); !refus.isEmpty())
-                return echec(contexte, refus);
-        }
-        if (!preparerEcriture(contexte, fichier, &code))
-            return code;
-        if (!Employes(fichier).supprimeEmploye(id))
-            return echec(contexte, QStringLiteral("L'employé n'a pas pu être supprimé."));
-        if (contexte.json)
-            ecrireJson(contexte, {{"id", id}});
-        else
-            contexte.sortie << "Employé n° " << id << " supprimé." << Qt::endl;
-        return Succes;
+        return supprimerEnregistrement(
+            contexte, liste,
+            {QStringLiteral("employé"),
+             [](const QString& chemin, int id) { return Employes(chemin).employeExiste(id); },
+             [](const QString& chemin, int id) { return Employes(chemin).supprimeEmploye(id); },
+             &messageEmployeInconnu, QStringLiteral("L'employé n'a pas pu être supprimé."),
+             QStringLiteral("Employé n° %1 supprimé."),
+             [](const QString& chemin, int id) { return Employes(chemin).refusSuppression(id); }});
     }
 
     int lister(Contexte& contexte, const QStringList& liste)

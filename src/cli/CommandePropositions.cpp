@@ -164,32 +164,14 @@ private:
 
     int supprimer(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
-        int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 2, &code))
-            return code;
-        const int id = lireNumero(contexte, arguments, QStringLiteral("remise"), &code);
-        if (code != Succes)
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
-            return code;
-        {
-            TarifsPropositions tarifs(fichier);
-            if (!tarifs.remise(id))
-                return echec(contexte, QStringLiteral("aucune remise ne porte le numéro %1.").arg(id));
-            if (const QString refus = tarifs.refusSuppressionRemise(id); !refus.isEmpty())
-                return echec(contexte, refus);
-        }
-        if (!preparerEcriture(contexte, fichier, &code))
-            return code;
-        if (!TarifsPropositions(fichier).supprimeRemise(id))
-            return echec(contexte, QStringLiteral("La remise n'a pas pu être supprimée."));
-        if (contexte.json)
-            ecrireJson(contexte, {{"id", id}});
-        else
-            contexte.sortie << "Remise n° " << id << " supprimée." << Qt::endl;
-        return Succes;
+        return supprimerEnregistrement(
+            contexte, liste,
+            {QStringLiteral("remise"),
+             [](const QString& chemin, int id) { return TarifsPropositions(chemin).remise(id).has_value(); },
+             [](const QString& chemin, int id) { return TarifsPropositions(chemin).supprimeRemise(id); },
+             [](int id) { return QStringLiteral("aucune remise ne porte le numéro %1.").arg(id); },
+             QStringLiteral("La remise n'a pas pu être supprimée."), QStringLiteral("Remise n° %1 supprimée."),
+             [](const QString& chemin, int id) { return TarifsPropositions(chemin).refusSuppressionRemise(id); }});
     }
 
     int lister(Contexte& contexte, const QStringList& liste)
@@ -552,32 +534,14 @@ private:
 
     int supprimer(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
-        int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 2, &code))
-            return code;
-        const int id = lireNumero(contexte, arguments, QStringLiteral("proposition"), &code);
-        if (code != Succes)
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
-            return code;
-        {
-            Propositions propositions(fichier);
-            if (!propositions.propositionExiste(id))
-                return echec(contexte, messageInconnue(id));
-            if (const QString refus = propositions.refusSuppression(id); !refus.isEmpty())
-                return echec(contexte, refus);
-        }
-        if (!preparerEcriture(contexte, fichier, &code))
-            return code;
-        if (!Propositions(fichier).supprimeProposition(id))
-            return echec(contexte, QStringLiteral("La proposition n'a pas pu être supprimée."));
-        if (contexte.json)
-            ecrireJson(contexte, {{"id", id}});
-        else
-            contexte.sortie << "Proposition n° " << id << " supprimée." << Qt::endl;
-        return Succes;
+        return supprimerEnregistrement(
+            contexte, liste,
+            {QStringLiteral("proposition"),
+             [](const QString& chemin, int id) { return Propositions(chemin).propositionExiste(id); },
+             [](const QString& chemin, int id) { return Propositions(chemin).supprimeProposition(id); },
+             &messageInconnue, QStringLiteral("La proposition n'a pas pu être supprimée."),
+             QStringLiteral("Proposition n° %1 supprimée."),
+             [](const QString& chemin, int id) { return Propositions(chemin).refusSuppression(id); }});
     }
 
     int lister(Contexte& contexte, const QStringList& liste)
