@@ -27,7 +27,7 @@ run: build
 demo: build
 	@mkdir -p build/demo
 	@rm -f build/demo/Demo.cv4 build/demo/Demo.cv4-journal
-	@$(BUILD_DIR)/bench/corvane-genere --annees 3 --contrats 400 build/demo/Demo.cv4
+	@$(BUILD_DIR)/bench/corvane-genere --annees 3 --contrats 400 --manager build/demo/Demo.cv4
 	@$(BUILD_DIR)/src/app/corvane "$(CURDIR)/build/demo/Demo.cv4"
 
 test: build
@@ -58,7 +58,7 @@ fuzz: deps
 screenshots: build
 	@home=$$(mktemp -d) && trap 'rm -rf "$$home"' EXIT && \
 	mkdir -p "$$home/Documents/Corvane" docs/images && \
-	$(BUILD_DIR)/bench/corvane-genere --annees 3 --contrats 400 --fin 2026-11-21 \
+	$(BUILD_DIR)/bench/corvane-genere --annees 3 --contrats 400 --fin 2026-11-21 --manager \
 		"$$home/Documents/Corvane/Claire Martin.cv4" >/dev/null && \
 	env HOME="$$home" XDG_CONFIG_HOME="$$home/.config" XDG_DATA_HOME="$$home/.local/share" \
 		XDG_CACHE_HOME="$$home/.cache" XDG_STATE_HOME="$$home/.local/state" XDG_RUNTIME_DIR="$$home" \

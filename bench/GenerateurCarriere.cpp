@@ -1,6 +1,11 @@
 #include "GenerateurCarriere.h"
 
 #include "PlanCarriere.h"
+#include "manager/Employes.h"
+#include "manager/Evenements.h"
+#include "manager/Propositions.h"
+#include "manager/Structures.h"
+#include "manager/TarifsPropositions.h"
 #include "store/BaseDeDonnees.h"
 #include "store/Dates.h"
 #include "store/Fichiers.h"
@@ -37,6 +42,179 @@ public:
         arrets();
         historiques();
         return m_erreur;
+    }
+
+    // The back office of the performer's own companies, written through the manager's classes so
+    // that their rules hold (both id lists of an attachment, an event's staff, the lines' totals).
+    // Fixed content, placed around the career's "today" and among its first employers.
+    QString ecrireManager(BilanCarriere& bilan)
+    {
+        Structures structures(m_base);
+        const int avril = structures.ajouteStructure(QStringLiteral("Compagnie d'Avril"));
+        const int treteaux = structures.ajouteStructure(QStringLiteral("Les Tréteaux du Nord"));
+        if (avril == 0 || treteaux == 0)
+            return QStringLiteral("les structures n'ont pas pu être écrites.");
+        bilan.structures = 2;
+
+        struct Personne
+        {
+            const char *prenom, *nom, *adresse, *codePostal, *ville, *lieuNaissance, *departement, *fonction;
+            int sexe, age, mois, jour;
+            bool avril, treteaux;
+        };
+        static const Personne personnes[] = {
+            {"Lucie", "Fontaine", "12 rue des Martyrs", "75009", "Paris", "Nantes", "44109", "Comédienne", 2, 36, 3,
+             14, true, false},
+            {"Thomas", "Mercier", "5 passage Josset", "75011", "Paris", "Rennes", "35238", "Metteur en scène", 1, 46,
+             11, 2, true, false},
+            {"Antoine", "Garnier", "3 rue Oberkampf", "75011", "Paris", "Lyon", "69383", "Éclairagiste", 1, 41, 5, 17,
+             true, false},
+            {"Julien", "Lefebvre", "7 place des Héros", "62000", "Arras", "Lille", "59350", "Régisseur son", 1, 39, 1,
+             9, true, true},
+            {"Inès", "Baptiste", "38 rue Nationale", "59000", "Lille", "Amiens", "80021", "Comédienne", 2, 32, 7, 21,
+             false, true},
+            {"Camille", "Roussel", "21 rue de Béthune", "59000", "Lille", "Roubaix", "59512", "Musicienne", 2, 34, 9,
+             30, false, true},
+        };
+        Employes employes(m_base);
+        QList<int> dAvril, duNord;
+        int ordre = 0;
+        for (const Personne& p : personnes) {
+            Employe e;
+            e.prenom = QString::fromUtf8(p.prenom);
+            e.nom = QString::fromUtf8(p.nom);
+            e.adresse = QString::fromUtf8(p.adresse);
+            e.codePostal = QString::fromUtf8(p.codePostal);
+            e.ville = QString::fromUtf8(p.ville);
+            e.naissance = QDate(m_plan.fin.year() - p.age, p.mois, p.jour);
+            e.lieuNaissance = QString::fromUtf8(p.lieuNaissance);
+            e.nir = nirDe(p.sexe, e.naissance, QString::fromLatin1(p.departement), 112 + 37 * ordre++);
+            e.fonction = QString::fromUtf8(p.fonction);
+            const int id = employes.enregistreEmploye(e);
+            if (id == 0)
+                return QStringLiteral("l'employé %1 %2 n'a pas pu être écrit.").arg(e.prenom, e.nom);
+            if (p.avril)
+                dAvril << id;
+            if (p.treteaux)
+                duNord << id;
+            ++bilan.employes;
+        }
+        if (!structures.rattacheEmployes(avril, dAvril) || !structures.rattacheEmployes(treteaux, duNord))
+            return QStringLiteral("les employés n'ont pas pu être rattachés à leurs structures.");
+
+        // Propositions to five organisers, one of each status, priced with the document's own services.
+        TarifsPropositions tarifs(m_base);
+        auto prestation = [&tarifs](const char* libelle) {
+            const std::optional<Prestation> p = tarifs.prestationParLibelle(QString::fromUtf8(libelle));
+            return p ? p->id : 0;
+        };
+        auto remise = [&tarifs](double montant, int type) {
+            for (const Remise& r : tarifs.remises())
+                if (r.type == type && qFuzzyCompare(r.montant + 1.0, montant + 1.0))
+                    return r.id;
+            return 0;
+        };
+        auto delai = [&tarifs](int nombre, int type) {
+            for (const Delai& d : tarifs.delais())
+                if (d.type == type && d.nombre == nombre)
+                    return d.id;
+            return 0;
+        };
+        const int aucune = TarifsPropositions::kAucuneRemise;
+        struct Offre
+        {
+            const char* libelle;
+            int employeur, jours, statut;
+            double charges;
+            bool chargesAPart;
+            QTime heure, duree;
+            int remiseId, delaiId;
+            QList<const char*> prestations;
+        };
+        const QList<Offre> offres{
+            {"Festival des Arts de la Rue", 0, -210, Propositions::kFacturee, 350.0, false, QTime(20, 30), QTime(1, 30),
+             remise(10, TarifsPropositions::kTypePourcentage), delai(15, 0), {"Spectacle de Magie", "Sonorisation"}},
+            {"Fête de la musique", 1, -160, Propositions::kRefusee, 0.0, false, QTime(), QTime(), aucune, delai(7, 0),
+             {"Bal"}},
+            {"Arbre de Noël du comité d'entreprise", 2, -45, Propositions::kAcceptee, 120.0, true, QTime(15, 0),
+             QTime(1, 0), remise(50, TarifsPropositions::kTypeMontant), delai(1, 1),
+             {"Spectacle de Ballons", "Eclairage", "Local"}},
+            {"Saison jeune public", 3, 30, Propositions::kEnvoyee, 280.0, false, QTime(10, 0), QTime(0, 50),
+             remise(5, TarifsPropositions::kTypePourcentage), delai(15, 0), {"Classique", "National"}},
+            {"Carnaval de printemps", 4, 75, Propositions::kPreparation, 0.0, false, QTime(), QTime(), aucune,
+             delai(2, 1), {"DJ"}},
+        };
+        Propositions propositions(m_base);
+        QList<int> idsPropositions;
+        for (const Offre& o : offres) {
+            EnteteProposition entete;
+            entete.libelle = QString::fromUtf8(o.libelle);
+            entete.employeurId = int(m_employeurs.at(o.employeur % m_employeurs.size()));
+            const auto [commune, qualite] =
+                propositions.communeEtQualiteOrganisateur(propositions.retrouveEmployeurDepuisId(entete.employeurId));
+            entete.commune = commune;
+            entete.qualiteId = qualite;
+            entete.date = m_plan.fin.addDays(o.jours);
+            entete.heure = o.heure;
+            entete.heureDonnee = o.heure.isValid();
+            entete.duree = o.duree;
+            entete.dureeDonnee = o.duree.isValid();
+            entete.charges = o.charges;
+            entete.chargesNonAjoutees = o.chargesAPart;
+            QList<LigneProposition> lignes;
+            for (const char* libelle : o.prestations) {
+                LigneProposition ligne;
+                ligne.prestationId = prestation(libelle);
+                ligne.remiseId = o.remiseId;
+                ligne.delaiId = o.delaiId;
+                ligne.date = entete.date;
+                lignes << ligne;
+            }
+            QString refus;
+            const int id = propositions.enregistreAvecLignes(entete, lignes, &refus);
+            bool ecrit = false;
+            if (id != 0)
+                propositions.changeStatut(id, o.statut, &ecrit);
+            if (!ecrit)
+                return QStringLiteral("la proposition « %1 » n'a pas pu être écrite : %2")
+                    .arg(entete.libelle, refus);
+            idsPropositions << id;
+            ++bilan.propositions;
+        }
+
+        // Events: the invoiced and accepted propositions played, a reading and a rehearsal without
+        // one; the newest is paid in part.
+        struct Date
+        {
+            const char* nom;
+            int proposition; // index in the offers, -1 for none
+            int employeur, jours, structure;
+            int payes; // how many of the staff, in its order, are paid
+        };
+        const Date dates[] = {
+            {"Festival des Arts de la Rue", 0, 0, -210, avril, 4},
+            {"Arbre de Noël du comité d'entreprise", 2, 2, -45, treteaux, 2},
+            {"Lecture en médiathèque", -1, 6, -120, treteaux, 3},
+            {"Répétition publique", -1, 5, -75, avril, 0},
+        };
+        Evenements evenements(m_base);
+        for (const Date& d : dates) {
+            Evenement e;
+            e.date = m_plan.fin.addDays(d.jours);
+            e.nom = QString::fromUtf8(d.nom);
+            e.propositionId = d.proposition >= 0 ? idsPropositions.at(d.proposition) : 0;
+            e.employeurId = int(m_employeurs.at(d.employeur % m_employeurs.size()));
+            e.structureId = d.structure;
+            const int id = evenements.enregistreEvenement(e);
+            if (id == 0)
+                return QStringLiteral("l'événement « %1 » n'a pas pu être écrit.").arg(e.nom);
+            const QStringList salaries = evenements.salaries(id).split(QLatin1Char(','), Qt::SkipEmptyParts);
+            for (int i = 0; i < d.payes && i < salaries.size(); ++i)
+                if (!evenements.basculePaye(id, salaries.at(i).toInt()))
+                    return QStringLiteral("l'événement « %1 » n'a pas pu être réglé.").arg(e.nom);
+            ++bilan.evenements;
+        }
+        return {};
     }
 
 private:
@@ -218,10 +396,16 @@ private:
     // A social-security number of a woman born in Lyon, with its key.
     static QString nir(const QDate& naissance)
     {
-        // Sex, year, month, department and town of birth (Lyon 3e), order number.
-        const QString debut =
-            QStringLiteral("2") + QStringLiteral("%1").arg(naissance.year() % 100, 2, 10, QChar(u'0')) +
-            QStringLiteral("%1").arg(naissance.month(), 2, 10, QChar(u'0')) + QStringLiteral("69383042");
+        return nirDe(2, naissance, QStringLiteral("69383"), 42);
+    }
+
+    // A social-security number: sex, year and month of birth, town of birth (department and
+    // commune), order number, then its key.
+    static QString nirDe(int sexe, const QDate& naissance, const QString& lieu, int numero)
+    {
+        const QString debut = QString::number(sexe) + QStringLiteral("%1").arg(naissance.year() % 100, 2, 10, QChar(u'0')) +
+                              QStringLiteral("%1").arg(naissance.month(), 2, 10, QChar(u'0')) + lieu +
+                              QStringLiteral("%1").arg(numero, 3, 10, QChar(u'0'));
         return debut + QStringLiteral("%1").arg(97 - debut.toLongLong() % 97, 2, 10, QChar(u'0'));
     }
 
@@ -317,7 +501,10 @@ bool genererCarriere(const ParametresCarriere& parametres, BilanCarriere& bilan)
         BaseDeDonnees base;
         reussi = base.ouvrir(p.chemin) && base.exec(QStringLiteral("BEGIN;")) == SQLITE_OK;
         if (reussi) {
-            erreur = Ecriture(base, plan).ecrire();
+            Ecriture ecriture(base, plan);
+            erreur = ecriture.ecrire();
+            if (erreur.isEmpty() && p.manager)
+                erreur = ecriture.ecrireManager(bilan);
             reussi = erreur.isEmpty() && base.exec(QStringLiteral("COMMIT;")) == SQLITE_OK;
             if (!reussi && erreur.isEmpty())
                 erreur = base.derniereErreur();

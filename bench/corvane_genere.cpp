@@ -22,11 +22,12 @@ enum Code
 };
 
 const char* const kUsage = "usage : corvane-genere [--annees N] [--contrats N] [--graine S] [--fin AAAA-MM-JJ] "
-                           "FICHIER.cv4\n\n"
+                           "[--manager] FICHIER.cv4\n\n"
                            "Écrit un document Corvane réaliste : la carrière d'une artiste intermittente sur N années\n"
                            "(20 par défaut) avec N contrats (5000 par défaut), ses employeurs, périodes, frais,\n"
                            "arrêts et versements. La même graine donne le même contenu. --fin fixe le dernier jour\n"
-                           "de la carrière (aujourd'hui par défaut). Un fichier existant n'est jamais remplacé.\n";
+                           "de la carrière (aujourd'hui par défaut). --manager ajoute deux structures, leurs employés,\n"
+                           "des propositions et des événements. Un fichier existant n'est jamais remplacé.\n";
 
 bool lireEntier(const QString& texte, qint64 min, qint64 max, qint64& valeur)
 {
@@ -50,6 +51,10 @@ int main(int argc, char* argv[])
         if (argument == QStringLiteral("--aide") || argument == QStringLiteral("--help")) {
             sortie << kUsage;
             return Succes;
+        }
+        if (argument == QStringLiteral("--manager")) {
+            parametres.manager = true;
+            continue;
         }
         if (!argument.startsWith(QStringLiteral("--"))) {
             if (!parametres.chemin.isEmpty()) {
@@ -106,7 +111,10 @@ int main(int argc, char* argv[])
            << "  " << bilan.frais << " frais (dont " << bilan.fraisLies << " liés à un contrat), " << bilan.arrets
            << " arrêts et soins\n"
            << "  " << bilan.allocations << " allocations, " << bilan.conges << " versements de congés, " << bilan.impots
-           << " impôts, " << bilan.droitsVoisins << " droits voisins\n"
-           << "Durée : " << enDecimales(chrono.elapsed() / 1000.0, 2) << " s\n";
+           << " impôts, " << bilan.droitsVoisins << " droits voisins\n";
+    if (parametres.manager)
+        sortie << "  " << bilan.structures << " structures, " << bilan.employes << " employés, " << bilan.propositions
+               << " propositions, " << bilan.evenements << " événements\n";
+    sortie           << "Durée : " << enDecimales(chrono.elapsed() / 1000.0, 2) << " s\n";
     return Succes;
 }

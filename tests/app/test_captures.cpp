@@ -82,8 +82,10 @@ private slots:
         // social-security and expense forms.
         const QStringList fenetres{"profil.png",           "periodes.png",          "modeles-contrat.png",
                                    "preferences.png",      "versements-conges.png", "auto-entrepreneur.png",
-                                   "versements-pole-emploi.png", "categories-frais.png", "trajets.png"};
-        attendus << fenetres << QStringLiteral("formulaire-contrat.png")
+                                   "versements-pole-emploi.png", "categories-frais.png", "trajets.png",
+                                   "proposition.png",      "import-csv.png"};
+        attendus << fenetres << QStringLiteral("manager-personnel.png") << QStringLiteral("manager-evenements.png")
+                 << QStringLiteral("formulaire-contrat.png")
                  << QStringLiteral("formulaire-securite-sociale.png") << QStringLiteral("formulaire-frais.png")
                  << QStringLiteral("formulaire-droits-voisins.png");
         attendus.sort();

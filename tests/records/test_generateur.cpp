@@ -248,6 +248,9 @@ private slots:
         QTest::newRow("created") << QStringList{"--annees", "1",     "--contrats", "40",      "--graine",
                                                 "5",        "--fin", "2020-03-01", "cree.cv4"}
                                  << 0 << "";
+        QTest::newRow("created with the manager's records")
+            << QStringList{"--annees", "1", "--contrats", "40", "--fin", "2020-03-01", "--manager", "manager.cv4"} << 0
+            << "";
     }
     void programme()
     {
@@ -270,10 +273,19 @@ private slots:
         if (code == 0) {
             QVERIFY(r.sortie.contains("40 contrats"));
             BaseDeDonnees base;
-            QVERIFY(base.ouvrirEnLecture(QStringLiteral("cree.cv4")));
+            QVERIFY(base.ouvrirEnLecture(arguments.last()));
             QCOMPARE(base.entier("SELECT COUNT(*) FROM contrats;"), 40);
             QVERIFY(base.texte("SELECT MAX(c_debut_contrat) FROM contrats WHERE c_effectue = 1;") <=
                     QStringLiteral("2020-03-01 00:00:00.000"));
+            // The back office only when asked for, each employee's structures matching the structures' staff.
+            const bool manager = arguments.contains(QStringLiteral("--manager"));
+            QCOMPARE(base.entier("SELECT COUNT(*) FROM propositionslibelles WHERE pl_statut IN (0, 2, 1, -1, 3);"),
+                     manager ? 5 : 0);
+            QCOMPARE(base.entier("SELECT COUNT(*) FROM evenementspaiements WHERE ep_payes <> '';"), manager ? 3 : 0);
+            QCOMPARE(base.texte("SELECT group_concat(s_employes, ';') FROM structures;"),
+                     manager ? QStringLiteral("1,2,3,4;4,5,6") : QString());
+            QCOMPARE(base.texte("SELECT group_concat(e_structures, ';') FROM employes;"),
+                     manager ? QStringLiteral("1;1;1;1,2;2;2") : QString());
         }
     }
 };

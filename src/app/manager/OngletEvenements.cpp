@@ -63,6 +63,9 @@ OngletEvenements::OngletEvenements(Environnement& environnement, QWidget* parent
                                   {QStringLiteral("Non payés"), QStringLiteral("nonPayes"), Format::Entier}},
                                  this);
     m_table = vueTriee(m_modele, partage, QStringLiteral("tableEvenements"), 1);
+    // The event's name takes what the other columns leave; theirs are read whole.
+    for (const int colonne : {0, 2, 3, 4, 5})
+        m_table->horizontalHeader()->setSectionResizeMode(colonne, QHeaderView::ResizeToContents);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     partage->addWidget(m_table);
 

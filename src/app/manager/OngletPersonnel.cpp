@@ -147,6 +147,8 @@ QWidget* OngletPersonnel::construireEmployes()
     auto* mise = new QVBoxLayout(boite);
     m_employes = new ModeleEmployes(this);
     m_tableEmployes = vueTriee(m_employes, boite, QStringLiteral("tableEmployes"), 0);
+    // A function such as "Metteur en scène" is read whole.
+    m_tableEmployes->horizontalHeader()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
     m_tableEmployes->setDragEnabled(true);
     m_tableEmployes->setDragDropMode(QAbstractItemView::DragOnly);
     m_tableEmployes->setDefaultDropAction(Qt::CopyAction);
