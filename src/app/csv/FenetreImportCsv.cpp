@@ -21,6 +21,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace corvane::app {
 
 FenetreImportCsv::FenetreImportCsv(Environnement& environnement, Document& document, QWidget* parent)
@@ -135,6 +137,11 @@ void FenetreImportCsv::relire()
         return;
     m_modele->setLecture(ImportCsv::lire(m_chemin, ImportCsv::separateur(m_separateur->currentText()),
                                          ImportCsv::encodage(m_encodage->currentIndex()), m_titres->isChecked()));
+    // Each column as wide as what it shows, within reason: a long address is not cut to a
+    // few letters, nor does it push the others out of sight.
+    m_vue->resizeColumnsToContents();
+    for (int colonne = 0; colonne < m_modele->columnCount(); ++colonne)
+        m_vue->setColumnWidth(colonne, std::clamp(m_vue->columnWidth(colonne), 120, 320));
     const LectureCsv& lecture = m_modele->lecture();
     QString message = lecture.erreur;
     if (lecture.ligneErreur > 0) {
