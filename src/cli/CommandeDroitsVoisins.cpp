@@ -163,12 +163,9 @@ private:
 
     int totaux(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
         int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 1, &code))
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
+        const QString fichier = documentALire(contexte, liste, &code);
+        if (code != Succes)
             return code;
         const Table table = DroitsVoisins(fichier).totauxParOrganisme();
         if (contexte.json) {
@@ -288,12 +285,9 @@ private:
 
     int lister(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
         int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 1, &code))
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
+        const QString fichier = documentALire(contexte, liste, &code);
+        if (code != Succes)
             return code;
         DroitsVoisins droits(fichier);
         QJsonArray categories;

@@ -106,12 +106,9 @@ private:
 
     int lister(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
         int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 1, &code))
-            return code;
-        const QString chemin = QFileInfo(arguments.positionnels().first()).absoluteFilePath();
-        if (!documentAccessible(contexte, chemin, &code))
+        const QString chemin = documentALire(contexte, liste, &code);
+        if (code != Succes)
             return code;
         const Table table = Employeurs(chemin).listeLesEmployeurs();
         if (contexte.json) {

@@ -93,6 +93,17 @@ QString CommandeEnregistrements::cheminDocument(const Arguments& arguments)
     return QFileInfo(arguments.positionnels().first()).absoluteFilePath();
 }
 
+QString CommandeEnregistrements::documentALire(Contexte& contexte, const QStringList& liste, int* code) const
+{
+    Arguments arguments;
+    if (!analyser(contexte, arguments, liste, {}, 1, code))
+        return {};
+    const QString chemin = cheminDocument(arguments);
+    if (!documentAccessible(contexte, chemin, code))
+        return {};
+    return chemin;
+}
+
 int CommandeEnregistrements::supprimerEnregistrement(Contexte& contexte, const QStringList& liste,
                                                      const Suppression& s) const
 {

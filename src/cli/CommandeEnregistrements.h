@@ -49,6 +49,9 @@ protected:
 
     // The document named first, as an absolute path.
     static QString cheminDocument(const Arguments& arguments);
+    // `ACTION FICHIER` and nothing else, for a listing that only reads: the document's path once
+    // it is found readable; otherwise *code is what to return (bad usage, document refused).
+    QString documentALire(Contexte& contexte, const QStringList& liste, int* code) const;
 
     // `ACTION FICHIER ID` that removes one record: the number read as `quoi`'s, the record
     // checked, the upgrade pass run, then removed; {"id": n} or the `fait` sentence ("%1" the

@@ -135,12 +135,9 @@ private:
 
     int lister(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
         int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 1, &code))
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
+        const QString fichier = documentALire(contexte, liste, &code);
+        if (code != Succes)
             return code;
         const Table table = Evenements(fichier).listeLesEvenements();
         if (contexte.json) {

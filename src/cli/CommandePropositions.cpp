@@ -176,12 +176,9 @@ private:
 
     int lister(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
         int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 1, &code))
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
+        const QString fichier = documentALire(contexte, liste, &code);
+        if (code != Succes)
             return code;
         QJsonArray remises;
         for (const Remise& r : TarifsPropositions(fichier).remises()) {
@@ -259,12 +256,9 @@ private:
 
     int lister(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
         int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 1, &code))
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
+        const QString fichier = documentALire(contexte, liste, &code);
+        if (code != Succes)
             return code;
         QJsonArray delais;
         for (const Delai& d : TarifsPropositions(fichier).delais()) {
@@ -546,12 +540,9 @@ private:
 
     int lister(Contexte& contexte, const QStringList& liste)
     {
-        Arguments arguments;
         int code = Succes;
-        if (!analyser(contexte, arguments, liste, {}, 1, &code))
-            return code;
-        const QString fichier = cheminDocument(arguments);
-        if (!documentAccessible(contexte, fichier, &code))
+        const QString fichier = documentALire(contexte, liste, &code);
+        if (code != Succes)
             return code;
         const Table table = Propositions(fichier).listeDesPropositions();
         if (contexte.json) {
